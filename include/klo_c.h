@@ -1,0 +1,786 @@
+/*
+ * klo_c.h - the flat C interface of the klo solver library.
+ *
+ * Every function returns an int status: 0 (KLO_OK) on success, a negative
+ * error code on failure.  Positive codes are non-fatal refusals and are
+ * returned only by the callback submission functions (KLOcbsolution,
+ * KLOcbcut, KLOcbbranch and their index variants).  The exceptions are the
+ * functions that return pointers: KLOexplainerror, KLOgeterrormsg,
+ * KLOcopymodel, KLOgetenv and KLOgetmultiobjenv.
+ *
+ * A failed call changes nothing: adding 100 rows of which one names a bad
+ * variable adds none.  KLOgeterrormsg(env) gives the last error of an
+ * environment with its detail (which name, which index, which file line);
+ * errors of a model are recorded in the model's own environment
+ * (KLOgetenv(model)).
+ *
+ * Conventions
+ *  - The model (or environment) comes first, then names as C strings, then
+ *    counts with their arrays.  Bulk forms take begin-offset arrays: element
+ *    k of a bulk argument owns the entries beg[k] .. beg[k+1]-1 (the last one
+ *    up to the total count) of the index and value arrays.
+ *  - A null array means "defaults" where the documentation says so (for
+ *    example null bounds give the default bounds, null names give empty
+ *    names); a null array where data is required is KLO_ERROR_NULL_ARGUMENT.
+ *  - KLO_INFINITY (1e20): bounds at or beyond +-1e20 are infinite.
+ *  - Sense characters: '>' greater-or-equal, '=' equal, any other character
+ *    less-or-equal.
+ *  - NaN is refused everywhere (KLO_ERROR_INVALID_ARGUMENT); infinite
+ *    coefficients are refused, infinite bounds are not.
+ *  - Variables, rows, PSD variables, SOS sets, general constraints and
+ *    objectives are numbered from 0 in the order they were added; deleting
+ *    an element renumbers the later ones of its kind down.
+ *  - One row numbering for linear, quadratic and PSD constraints: a row has
+ *    bounds [lower, upper], a linear part, and optionally quadratic terms and
+ *    PSD terms.  "NumConstrs" counts all rows; "NumQConstrs" and
+ *    "NumPsdConstrs" count the rows that have quadratic or PSD terms.
+ *  - Matrices (PSD coefficients, "PsdX", "PsdObj") are passed as a count of
+ *    stored entries, a row and a column count, and parallel arrays of
+ *    row-major flattened positions (row * cols + col) and values.  A
+ *    symmetric matrix is stored as one triangle; an off-diagonal entry stands
+ *    for itself and its mirror image.
+ *  - Strings returned through a `const char **` point into the library and
+ *    stay valid until the next call on the same model.
+ */
+#ifndef KLO_C_H
+#define KLO_C_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Opaque environment: parameters, log, last error. */
+typedef struct KLOenv KLOenv;
+/** Opaque model: variables, rows, objectives, results. */
+typedef struct KLOmodel KLOmodel;
+
+/* ------------------------------------------------------------------------
+ * Numbers
+ * ------------------------------------------------------------------------ */
+
+/** Bounds of this magnitude or more are infinite. */
+#define KLO_INFINITY 1e20
+/** Value of "Start" and of results that have not been set. */
+#define KLO_UNDEFINED 1e101
+
+/* ------------------------------------------------------------------------
+ * Status codes (the texts are those of KLOexplainerror)
+ * ------------------------------------------------------------------------ */
+
+#define KLO_OK 0 /**< "Success" */
+
+/* General */
+#define KLO_ERROR_INTERNAL -1             /**< "Internal error in the solver library" */
+#define KLO_ERROR_OUT_OF_MEMORY -2        /**< "Out of memory, or the model could not be copied" */
+#define KLO_ERROR_INVALID_ARGUMENT -3     /**< "Invalid argument" (NaN, negative count, bad type or sense letter, infinite coefficient) */
+#define KLO_ERROR_NULL_ARGUMENT -4        /**< "Null pointer given for a required argument" */
+#define KLO_ERROR_NOT_SUPPORTED -5        /**< "The model uses a feature that no engine of this library supports" */
+#define KLO_ERROR_DATA_NOT_AVAILABLE -6   /**< "No solution information is available" (no solve yet, or the solve found none) */
+#define KLO_ERROR_ENV_NOT_STARTED -7      /**< "The environment has not been started" */
+#define KLO_ERROR_BUSY -8                 /**< "The model is being solved" (a model function called from its own callback) */
+
+/* Attributes and parameters */
+#define KLO_ERROR_UNKNOWN_ATTRIBUTE -1001 /**< "Unknown attribute name" */
+#define KLO_ERROR_ATTRIBUTE_TYPE -1002    /**< "The attribute is of another type" (int, double, char, string, matrix) */
+#define KLO_ERROR_ATTRIBUTE_LEVEL -1003   /**< "The attribute belongs to the other level" (model versus element) */
+#define KLO_ERROR_ATTRIBUTE_READONLY -1004 /**< "The attribute cannot be set" */
+#define KLO_ERROR_UNKNOWN_PARAMETER -1005 /**< "Unknown parameter name" */
+#define KLO_ERROR_PARAMETER_TYPE -1006    /**< "The parameter is of another type" */
+#define KLO_ERROR_PARAMETER_RANGE -1007   /**< "Parameter value out of range" */
+
+/* Element indices */
+#define KLO_ERROR_INDEX_OUT_OF_RANGE -2001 /**< "Index out of range" (any other element kind) */
+#define KLO_ERROR_INVALID_CONSTR -2002    /**< "Invalid constraint index" */
+#define KLO_ERROR_INVALID_VAR -2003       /**< "Invalid variable index" */
+#define KLO_ERROR_INVALID_PSDVAR -2004    /**< "Invalid PSD variable index" */
+#define KLO_ERROR_INVALID_SOS -2005       /**< "Invalid SOS index" */
+#define KLO_ERROR_INVALID_GENCONSTR -2006 /**< "Invalid general constraint index" */
+#define KLO_ERROR_INVALID_OBJECTIVE -2007 /**< "Invalid objective index" */
+
+/* Files */
+#define KLO_ERROR_FILE_OPEN -3001         /**< "Cannot open the file" */
+#define KLO_ERROR_FILE_READ -3002         /**< "Malformed file" (the detail names the file and line) */
+#define KLO_ERROR_FILE_WRITE -3003        /**< "Cannot write the file" */
+#define KLO_ERROR_FILE_FORMAT -3004       /**< "Unknown file format" (by its extension) */
+
+/* Callbacks */
+#define KLO_ERROR_CALLBACK_INFO -5001     /**< "Unknown callback information code" */
+#define KLO_ERROR_NOT_IN_CALLBACK -5002   /**< "Called outside a running callback" */
+#define KLO_ERROR_CALLBACK_WHERE -5003    /**< "Not available at this callback location" */
+
+/* Positive refusals of the callback submission functions */
+#define KLO_CB_REJECTED 1                 /**< "The proposed solution is infeasible and was not used" */
+#define KLO_CB_NOT_IMPROVING 2            /**< "The proposed solution is not better than the incumbent" */
+#define KLO_CB_IGNORED 3                  /**< "The request cannot be used at this point of the search" */
+
+/* ------------------------------------------------------------------------
+ * Optimisation status (integer attribute "Status")
+ * ------------------------------------------------------------------------ */
+
+#define KLO_STATUS_UNSTARTED 0      /**< no solve since the model last changed */
+#define KLO_STATUS_OPTIMAL 1        /**< optimal (MIP: within "MIP/GapAbs" or "MIP/GapRel") */
+#define KLO_STATUS_INFEASIBLE 2     /**< proven infeasible */
+#define KLO_STATUS_UNBOUNDED 3      /**< proven unbounded */
+#define KLO_STATUS_INF_OR_UNBD 4    /**< infeasible or unbounded, not told apart */
+#define KLO_STATUS_NUMERICAL 5      /**< stopped on numerical trouble */
+#define KLO_STATUS_NODE_LIMIT 6     /**< "MIP/MaxNodes" reached */
+#define KLO_STATUS_TIME_LIMIT 7     /**< "MaxTime" reached */
+#define KLO_STATUS_SOLUTION_LIMIT 8 /**< "MIP/MaxSols" reached */
+#define KLO_STATUS_ITERATION_LIMIT 9 /**< "SPX/MaxIterations" or "IPM/MaxIterations" reached */
+#define KLO_STATUS_INTERRUPTED 10   /**< stopped by a callback */
+#define KLO_STATUS_CUTOFF 11        /**< no solution better than "MIP/Cutoff" */
+/* With a limit status the best solution found so far stays readable
+ * ("HasSolution" tells whether there is one). */
+
+/* ------------------------------------------------------------------------
+ * Basis status ("ColBasis" of a variable, "RowBasis" of a row).  A row's
+ * status describes its activity: a binding <= row is at its upper bound.
+ * ------------------------------------------------------------------------ */
+
+#define KLO_BASIS_LOWER 0      /**< nonbasic at the lower bound */
+#define KLO_BASIS_BASIC 1      /**< basic */
+#define KLO_BASIS_UPPER 2      /**< nonbasic at the upper bound */
+#define KLO_BASIS_SUPERBASIC 3 /**< nonbasic between its bounds (free) */
+#define KLO_BASIS_FIXED 4      /**< nonbasic, lower and upper bound equal */
+
+/* ------------------------------------------------------------------------
+ * Element kinds
+ * ------------------------------------------------------------------------ */
+
+/* Variable types ("VType"): 'C' continuous, 'B' binary (bounds clipped to
+ * [0, 1]), 'I' integer, 'S' semi-continuous, 'N' semi-integer. */
+#define KLO_CONTINUOUS 'C'
+#define KLO_BINARY 'B'
+#define KLO_INTEGER 'I'
+#define KLO_SEMICONT 'S'
+#define KLO_SEMIINT 'N'
+
+/* SOS types */
+#define KLO_SOS_TYPE1 1 /**< at most one member non-zero */
+#define KLO_SOS_TYPE2 2 /**< at most two consecutive members non-zero */
+
+/* General constraint types ("GenConstrType") */
+#define KLO_GENCONSTR_INDICATOR 0
+
+/* Model sense ("ModelSense") */
+#define KLO_MINIMIZE 1
+#define KLO_MAXIMIZE -1
+
+/* "IISVar"/"IISCol" and "IISConstr"/"IISRow": which bounds of the element
+ * belong to the irreducible infeasible subsystem. */
+#define KLO_IIS_NONE 0
+#define KLO_IIS_LOWER 1
+#define KLO_IIS_UPPER 2
+#define KLO_IIS_BOTH 3
+
+/* ------------------------------------------------------------------------
+ * Callbacks
+ *
+ * The library calls the registered function at these locations ("where")
+ * during KLOoptimize.  The function receives the model being solved, the
+ * per-call data to pass to the KLOcb... functions, the where-code and the
+ * user data given to KLOsetcallbackfunc.  Returning KLO_CB_STOP (11) stops
+ * the solve with status KLO_STATUS_INTERRUPTED; 0 continues.
+ * ------------------------------------------------------------------------ */
+
+#define KLO_CB_POLLING 0  /**< periodic call; nothing to read but runtime */
+#define KLO_CB_PRESOLVE 1 /**< after presolve */
+#define KLO_CB_SIMPLEX 2  /**< during the simplex method */
+#define KLO_CB_MIP 3      /**< progress of the branch and bound search */
+#define KLO_CB_MIPSOL 4   /**< a new incumbent was found */
+#define KLO_CB_MIPNODE 5  /**< a node relaxation was solved: cuts, branches and solutions may be submitted */
+#define KLO_CB_MESSAGE 6  /**< a line was written to the log */
+#define KLO_CB_BARRIER 7  /**< during the interior-point method */
+
+/** Return value of a callback that stops the solve. */
+#define KLO_CB_STOP 11
+
+/* Information codes for KLOcbget ("what").  Single values are written to
+ * an int or double; arrays are returned as a pointer into the library
+ * (resultP is then the address of a `const double *` or `const int *`),
+ * valid until the callback returns, or null when not available. */
+#define KLO_CBINFO_NUMVARS 200     /**< int: number of variables of the model */
+#define KLO_CBINFO_NUMCONSTRS 201  /**< int: number of rows */
+#define KLO_CBINFO_NUMINTVARS 202  /**< int: number of integer and binary variables */
+#define KLO_CBINFO_OBJBEST 300     /**< double: objective of the incumbent (KLO_INFINITY, in the model's sense, when none) */
+#define KLO_CBINFO_OBJBOUND 301    /**< double: best bound */
+#define KLO_CBINFO_RUNTIME 302     /**< double: seconds since KLOoptimize began */
+#define KLO_CBINFO_SOLUTION_IDX 303 /**< double array: the new incumbent (KLO_CB_MIPSOL), one value per variable */
+#define KLO_CBINFO_NODEREL_IDX 304 /**< double array: the node relaxation (KLO_CB_MIPNODE), one value per variable */
+#define KLO_CBINFO_NODECOUNT 306   /**< int: nodes explored */
+#define KLO_CBINFO_NODELEFT 307    /**< int: open nodes */
+#define KLO_CBINFO_SOLCOUNT 308    /**< int: solutions found */
+#define KLO_CBINFO_ITERCOUNT 309   /**< int: simplex iterations so far */
+#define KLO_CBINFO_CUTCOUNT 310    /**< int: cuts applied so far */
+#define KLO_CBINFO_NODEDEPTH 311   /**< int: depth of the current node */
+#define KLO_CBINFO_NODESTATUS 312  /**< int: status of the node relaxation (KLO_STATUS_...) */
+#define KLO_CBINFO_NODELB 313      /**< double array: lower bounds of the current node */
+#define KLO_CBINFO_NODEUB 314      /**< double array: upper bounds of the current node */
+#define KLO_CBINFO_ISINTEGER 315   /**< int array: 1 for integer columns, 0 for the others */
+#define KLO_CBINFO_SOLUTION 316    /**< double array: as 303, for the handle-based callback */
+#define KLO_CBINFO_NODEREL 317     /**< double array: as 304, for the handle-based callback */
+/* The index variant (codes 303, 304 and the *p functions) addresses the
+ * same columns as the model. */
+
+/** The callback function registered with KLOsetcallbackfunc. */
+typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const void *usrdata);
+
+/* ------------------------------------------------------------------------
+ * Parameters (environment settings), by name.  Type, default, range.
+ *
+ * int parameters
+ *   "Method"              -1    [-1, 2]  LP algorithm: -1 automatic (dual simplex),
+ *                                        0 primal simplex, 1 dual simplex, 2 barrier
+ *   "PostScaling"         -1    [-1, 1]  scaling of the problem: -1 automatic, 0 off, 1 on
+ *   "Presolve"            -1    [-1, 1]  presolve: -1 automatic, 0 off, 1 on
+ *   "Dualization"         -1    [-1, 1]  solve the dual problem: -1 automatic, 0 no, 1 yes
+ *   "OutputFlag"           1    [0, 1]   0 silences the log entirely
+ *   "LogToConsole"         1    [0, 1]   0 keeps the log off the console
+ *   "NumThreads"          -1    [-1, 128] threads: -1 automatic
+ *   "EnableNetworkFlow"    0    [0, 1]   network simplex for network LPs
+ *   "EnableStochasticLP"   0    [0, 1]   detect stochastic LP structure
+ *   "NumericFocus"         0    [0, 3]   care taken with numerics (3 most)
+ *   "SPX/ColumnGeneration" 0    [0, 1]   simplex column generation
+ *   "SPX/CrashStart"       0    [0, 1]   crash starting basis
+ *   "SPX/MaxIterations"    2147483647 [0, 2147483647] simplex iteration limit
+ *   "SPX/PrimalPricing"   -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3 devex
+ *   "SPX/DualPricing"     -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3 devex
+ *   "IPM/MaxIterations"   500   [0, 2147483647] interior-point iteration limit
+ *   "IPM/NumericFocus"     0    [0, 1]   care taken with numerics in the interior-point method
+ *   "MIP/LevelCuts"       -1    [-1, 3]  cut generation: -1 automatic, 0 off .. 3 aggressive
+ *   "MIP/LevelHeurs"      -1    [-1, 3]  primal heuristics: -1 automatic, 0 off .. 3 aggressive
+ *   "MIP/LevelProbing"    -1    [-1, 3]  probing: -1 automatic, 0 off .. 3 aggressive
+ *   "MIP/LevelStrong"     -1    [-1, 3]  strong branching: -1 automatic, 0 off .. 3 aggressive
+ *   "MIP/LevelSubmip"     -1    [-1, 3]  sub-MIP heuristics: -1 automatic, 0 off .. 3 aggressive
+ *   "MIP/MaxNodes"        2147483647 [0, 2147483647] node limit
+ *   "MIP/RootParallelism" -1    [-1, 64] parallel root processing
+ *   "MIP/AutoConfiguration" -1  [-1, 1]  automatic tuning of the search
+ *   "MIP/MaxSols"         2147483647 [1, 2147483647] stop after this many solutions
+ *   "MIP/AllowDualPresolve" -1  [-1, 1]  dual reductions in presolve
+ *   "MIP/EnableLazyConstr" 0    [0, 1]   lazy constraints from callbacks
+ *   "MIP/Disconnected"    -1    [-1, 1]  solve disconnected components apart
+ *   "MIP/DetectDisconnectedComponents" -1 [-1, 1] detect disconnected components
+ *   "MIP/SolutionPoolSize" 10   [1, 1000] solutions kept in the pool
+ *   "MIP/MaxStallingNodes" -1   [-1, 2147483647] stop after this many nodes without improvement (-1: no limit)
+ *   "MIP/SolutionNumber"   0    [0, 2147483647] pool solution read by "Xn"/"PoolNX" and "PoolNObjVal"
+ *   "MIP/Static"           0    [0, 1]   static search (no dynamic changes)
+ *   "PDHG/ComputePreference" -1 [-1, 1]  first-order method preference
+ *   "PDHG/Device"         -1    [-1, 1]  device of the first-order method
+ *   "PDHG/MaxIterations"  2147483647 [0, 2147483647] first-order iteration limit
+ *   "SolutionTarget"      -1    [-1, 1]  -1 automatic, 0 basic solution, 1 any optimal solution
+ *   "ObjNumber"            0    [0, 2147483647] objective addressed by "ObjN..." attributes
+ *
+ * double parameters
+ *   "MaxTime"              1e20  [0, 1e20]  wall-clock limit in seconds
+ *   "PresolveTolerance"    1e-9  [0, 1]     tolerance of presolve reductions
+ *   "SPX/PrimalTolerance"  1e-7  [1e-10, 1e-2] simplex primal feasibility tolerance
+ *   "SPX/DualTolerance"    1e-7  [1e-10, 1e-2] simplex dual feasibility tolerance
+ *   "IPM/PrimalTolerance"  1e-8  [1e-12, 1]  interior-point primal tolerance
+ *   "IPM/DualTolerance"    1e-8  [1e-12, 1]  interior-point dual tolerance
+ *   "IPM/GapTolerance"     1e-8  [1e-12, 1]  interior-point relative gap tolerance
+ *   "MIP/IntegerTolerance" 1e-6  [1e-9, 0.5] integrality tolerance
+ *   "MIP/ObjectiveTolerance" 1e-6 [0, 1e20]  minimal improvement of the incumbent
+ *   "MIP/GapAbs"           1e-6  [0, 1e20]  stop when bound and incumbent differ by no more
+ *   "MIP/GapRel"           1e-4  [0, 1e20]  stop when the relative gap is no larger
+ *   "MIP/LinearizationBigM" 1e5  [0, 1e20]  big-M used to linearise indicator constraints
+ *                                           whose rows have unbounded activity
+ *   "MIP/Cutoff"           1e20  [-1e20, 1e20] ignore solutions not better than this
+ *                                           (in the model's sense; +-1e20: none)
+ *   "MIP/Heuristics"       0.05  [0, 1]     share of effort spent in heuristics
+ *   "MIP/NoRelHeurWork"    0     [0, 1e20]  effort of heuristics run before the root relaxation
+ *   "PDHG/DualTolerance"   1e-4  [0, 1]     first-order dual tolerance
+ *   "PDHG/GapTolerance"    1e-4  [0, 1]     first-order gap tolerance
+ *   "PDHG/PrimalTolerance" 1e-4  [0, 1]     first-order primal tolerance
+ *
+ * string parameters (at most 511 characters)
+ *   "LogFile"              ""    file the log is appended to ("" for none)
+ *
+ * Which parameters each engine honours is documented with KLOoptimize.
+ * ------------------------------------------------------------------------ */
+
+/* ------------------------------------------------------------------------
+ * Attributes, by name.  Type, level (model, or the element kind whose
+ * index the element functions take), access, meaning.  Names on one line
+ * are synonyms and give the same values.
+ *
+ * int
+ *   "ModelSense"                model  set  1 minimise, -1 maximise
+ *   "MinSense"                  model  set  1 when minimising, 0 when maximising
+ *   "HasSolution"               model  get  1 when a solution can be read
+ *   "HasPrimalRay"              model  get  1 when an unbounded ray can be read
+ *   "HasDualRay"                model  get  1 when an infeasibility certificate can be read
+ *   "NumVars"                   model  get  number of variables
+ *   "NumConss", "NumConstrs"    model  get  number of rows
+ *   "NumQConstrs"               model  get  rows with quadratic terms
+ *   "NumSOS"                    model  get  SOS sets
+ *   "NumGenConstrs"             model  get  general constraints
+ *   "NumEnts"                   model  get  entries of the model: linear, quadratic (rows and
+ *                                           objective) and PSD coefficient entries
+ *   "NumNZs"                    model  get  non-zeros of the linear constraint matrix
+ *   "SPX/NumIters"              model  get  simplex iterations of the last solve
+ *   "IPM/NumIters"              model  get  interior-point iterations of the last solve
+ *   "IsInteger"                 model  get  1 when the model has integer variables, SOS or
+ *                                           indicator constraints
+ *   "IISVar", "IISCol"          var    get  KLO_IIS_... membership after KLOcomputeIIS
+ *   "IISConstr", "IISRow"       row    get  KLO_IIS_... membership after KLOcomputeIIS
+ *   "ColBasis"                  var    set  KLO_BASIS_... of the last LP solve; set: warm start
+ *   "RowBasis"                  row    set  KLO_BASIS_... of the last LP solve; set: warm start
+ *   "GenConstrType"             gen    get  KLO_GENCONSTR_...
+ *   "Status"                    model  get  KLO_STATUS_... of the last solve
+ *   "Dim"                       psdvar get  dimension of a PSD variable
+ *   "NumPsdVars"                model  get  PSD variables
+ *   "NumPsdConstrs"             model  get  rows with PSD terms
+ *   "SolCount"                  model  get  solutions in the pool
+ *   "NumObj"                    model  get  objectives of a multi-objective model
+ *   "ObjNPriority"              model  set  priority of objective "ObjNumber"
+ *   "NumContVars"               model  get  continuous variables
+ *   "NumIntVars"                model  get  integer variables (binaries included)
+ *   "NumBinVars"                model  get  binary variables
+ *
+ * double
+ *   "ObjConst", "ObjCon"        model  set  constant of the objective
+ *   "PrimalObjVal", "ObjVal"    model  get  objective value of the solution
+ *   "PoolNObjVal"               model  get  objective of pool solution "MIP/SolutionNumber"
+ *   "DualObjVal"                model  get  dual objective (LP); best bound (MIP)
+ *   "PresolverTime"             model  get  seconds spent in presolve
+ *   "SolverTime"                model  get  seconds spent in the engine
+ *   "SolutionTime"              model  get  seconds of the whole KLOoptimize
+ *   "MIP/GapAbs"                model  get  |incumbent - bound| at the end of the search
+ *   "MIP/GapRel"                model  get  the same divided by max(1e-10, |incumbent|)
+ *   "LB", "UB"                  var    set  bounds
+ *   "Obj"                       var    set  linear objective coefficient
+ *   "LHS", "RHS"                row    set  row bounds (lower, upper)
+ *   "QCLHS", "QCRHS"            row    set  the same, for rows with quadratic terms
+ *   "PsdCLHS", "PsdCRHS"        row    set  the same, for rows with PSD terms
+ *   "PrimalSoln", "X"           var    get  value in the solution
+ *   "PoolNX", "Xn"              var    get  value in pool solution "MIP/SolutionNumber"
+ *   "Start"                     var    set  MIP start value (KLO_UNDEFINED when unset)
+ *   "DualSoln"                  row    get  dual value of the row
+ *   "Activity"                  row    get  value of the row's expression in the solution
+ *   "ReducedCost", "RC"         var    get  reduced cost
+ *   "ObjN"                      var    set  coefficient in objective "ObjNumber"
+ *   "ObjNCon"                   model  set  constant of objective "ObjNumber"
+ *   "ObjNVal"                   model  get  value of objective "ObjNumber" in the solution
+ *   "ObjNWeight"                model  set  weight of objective "ObjNumber"
+ *   "ObjNRelTol", "ObjNAbsTol"  model  set  degradation allowed for objective "ObjNumber"
+ *
+ * char
+ *   "VType"                     var    set  KLO_CONTINUOUS, KLO_BINARY, KLO_INTEGER, ...
+ *
+ * string
+ *   "ProbName", "ModelName"     model  set  name of the model
+ *   "RowName", "ConstrName"     row    set  name of a row
+ *   "QCName"                    row    set  the same, for rows with quadratic terms
+ *   "PsdCName"                  row    set  the same, for rows with PSD terms
+ *   "ColName", "VarName"        var    set  name of a variable
+ *   "PsdVarName"                psdvar set  name of a PSD variable
+ *   "GenConstrName"             gen    set  name of a general constraint
+ *
+ * matrix
+ *   "PsdX"                      psdvar get  value of the PSD variable in the solution
+ *   "PsdObj"                    psdvar set  objective coefficient matrix of the PSD variable
+ *
+ * Reading a solution attribute when there is none gives
+ * KLO_ERROR_DATA_NOT_AVAILABLE.
+ * ------------------------------------------------------------------------ */
+
+/* ========================================================================
+ * Environment
+ * ======================================================================== */
+
+/** Creates an environment that is not started yet, so that parameters can
+ *  be set before KLOstartenv.  *envP receives it (also on some failures, in
+ *  which case it must still be freed with KLOfreeenv). */
+int KLOemptyenv(KLOenv **envP);
+
+/** Creates and starts an environment.  logfilename: file the log is
+ *  appended to ("LogFile"), or null for none. */
+int KLOloadenv(KLOenv **envP, const char *logfilename);
+
+/** Starts an environment made by KLOemptyenv. */
+int KLOstartenv(KLOenv *env);
+
+/** Frees an environment.  Models made from it keep their own copies and
+ *  stay usable. */
+int KLOfreeenv(KLOenv *env);
+
+/** Writes a line of text to the environment's log. */
+int KLOmsg(KLOenv *env, const char *message);
+
+/** Text of the last error of the environment, with its detail ("" when
+ *  none).  Never null; valid until the next call on the environment. */
+const char *KLOgeterrormsg(KLOenv *env);
+
+/** Plain text of a status code (see the list above); a generic text naming
+ *  the number for unknown codes.  Never null; the text is static. */
+const char *KLOexplainerror(int code);
+
+/* ========================================================================
+ * Parameters (see the list above)
+ * ======================================================================== */
+
+/** Reads an int parameter into *valueP. */
+int KLOgetintparam(KLOenv *env, const char *paramname, int *valueP);
+/** Reads a double parameter into *valueP. */
+int KLOgetdblparam(KLOenv *env, const char *paramname, double *valueP);
+/** Copies a string parameter into value, a buffer of at least 512 bytes. */
+int KLOgetstrparam(KLOenv *env, const char *paramname, char *value);
+
+/** Sets an int parameter; values outside the range give KLO_ERROR_PARAMETER_RANGE. */
+int KLOsetintparam(KLOenv *env, const char *paramname, int value);
+/** Sets a double parameter; NaN or values outside the range are refused. */
+int KLOsetdblparam(KLOenv *env, const char *paramname, double value);
+/** Sets a string parameter (at most 511 characters). */
+int KLOsetstrparam(KLOenv *env, const char *paramname, const char *value);
+
+/** Current value, minimum, maximum and default of an int parameter; any
+ *  of the four pointers may be null. */
+int KLOgetintparaminfo(KLOenv *env, const char *paramname, int *valueP, int *minP, int *maxP,
+                       int *defP);
+/** The same for a double parameter. */
+int KLOgetdblparaminfo(KLOenv *env, const char *paramname, double *valueP, double *minP,
+                       double *maxP, double *defP);
+/** Current value and default of a string parameter, each into a buffer of
+ *  at least 512 bytes (either may be null). */
+int KLOgetstrparaminfo(KLOenv *env, const char *paramname, char *valueP, char *defP);
+
+/** Sets every parameter back to its default. */
+int KLOresetparams(KLOenv *env);
+/** Reads a parameter file: one "name value" pair a line, '#' starts a comment. */
+int KLOreadparams(KLOenv *env, const char *filename);
+/** Writes the parameters that differ from their defaults to a parameter file. */
+int KLOwriteparams(KLOenv *env, const char *filename);
+
+/* ========================================================================
+ * Models
+ * ======================================================================== */
+
+/** Creates a model with numvars initial variables.  Pname, obj, lb, ub,
+ *  vtype and varnames may be null (empty name, objective 0, bounds
+ *  [0, KLO_INFINITY], type 'C', empty names).  The model gets its own copy
+ *  of env, so its parameters can differ from env's. */
+int KLOnewmodel(KLOenv *env, KLOmodel **modelP, const char *Pname, int numvars,
+                const double *obj, const double *lb, const double *ub, const char *vtype,
+                const char *const *varnames);
+
+/** Reads a model file (".mps", ".lp", optionally ".gz" compressed) into a
+ *  new model. */
+int KLOreadmodel(KLOenv *env, const char *filename, KLOmodel **modelP);
+
+/** Deep, independent copy of a model and its environment; null on failure. */
+KLOmodel *KLOcopymodel(KLOmodel *model);
+
+/** Frees a model. */
+int KLOfreemodel(KLOmodel *model);
+
+/** Reads a file into an existing model, by its extension: ".prm"
+ *  parameters, ".mst" start values, ".bas" basis, ".mps"/".lp" (optionally
+ *  ".gz") replaces the model's contents. */
+int KLOread(KLOmodel *model, const char *filename);
+
+/** Writes a file, by its extension: ".mps", ".lp" (optionally ".gz") the
+ *  model, ".prm" parameters, ".mst" start values, ".sol" the solution,
+ *  ".bas" the basis. */
+int KLOwrite(KLOmodel *model, const char *filename);
+
+/** Makes a relaxed copy in *relaxedP: integer and binary variables become
+ *  continuous, SOS and indicator constraints are dropped. */
+int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
+
+/** Solves the model (see "Status" and the result attributes). */
+int KLOoptimize(KLOmodel *model);
+
+/** Computes an irreducible infeasible subsystem of an infeasible model
+ *  (see "IISVar" and "IISConstr"). */
+int KLOcomputeIIS(KLOmodel *model);
+
+/** Feasibility relaxation.  Finds the smallest violation of bounds and rows,
+ *  weighted by the penalties (null arrays or penalties of KLO_INFINITY mean
+ *  "may not be relaxed"), measured by relaxobjtype: 0 sum of weighted
+ *  violations, 1 sum of weighted squared violations, 2 number of violated
+ *  bounds and rows.  With minrelax non-zero the original objective is then
+ *  optimised among the minimally relaxed points.  The model itself is not
+ *  changed; the relaxed solution becomes its solution ("X"), and
+ *  *feasobjP receives the minimal violation measure. */
+int KLOfeasrelax(KLOmodel *model, int relaxobjtype, int minrelax, const double *lbpen,
+                 const double *ubpen, const double *rhspen, double *feasobjP);
+
+/** Discards results: clearall 0 the solution, basis and statistics;
+ *  1 also the start values and bases set by the user. */
+int KLOreset(KLOmodel *model, int clearall);
+
+/** The model's own environment (null for a null model). */
+KLOenv *KLOgetenv(KLOmodel *model);
+
+/** The environment of objective num of a multi-objective model, created on
+ *  first use (null when num is not an objective). */
+KLOenv *KLOgetmultiobjenv(KLOmodel *model, int num);
+
+/** Frees the environments made by KLOgetmultiobjenv. */
+int KLOdiscardmultiobjenvs(KLOmodel *model);
+
+/** Registers the callback function and its user data (cb null: none). */
+int KLOsetcallbackfunc(KLOmodel *model, KLOcallbackfn cb, void *usrdata);
+
+/* ========================================================================
+ * Variables
+ * ======================================================================== */
+
+/** Adds one variable with numnz entries (rows vind, values vval) in its
+ *  column.  varname may be null (empty name). */
+int KLOaddvar(KLOmodel *model, int numnz, const int *vind, const double *vval, double obj,
+              double lb, double ub, char vtype, const char *varname);
+
+/** Adds numvars variables.  Column k holds the entries vbeg[k] ..
+ *  vbeg[k+1]-1 of vind/vval (vbeg, vind, vval null when numnz is 0).  obj,
+ *  lb, ub, vtype and varnames may each be null (defaults as KLOnewmodel). */
+int KLOaddvars(KLOmodel *model, int numvars, int numnz, const int *vbeg, const int *vind,
+               const double *vval, const double *obj, const double *lb, const double *ub,
+               const char *vtype, const char *const *varnames);
+
+/** Deletes numdel variables (their terms go everywhere: rows, quadratic
+ *  terms, SOS, indicators, objectives). */
+int KLOdelvars(KLOmodel *model, int numdel, const int *ind);
+
+/** Column entries of variables start .. start+len-1.  *numnzP receives the
+ *  number of entries; with non-null arrays vbeg receives len offsets and
+ *  vind/vval the rows and values (arrays may be null to ask the count). */
+int KLOgetvars(KLOmodel *model, int *numnzP, int *vbeg, int *vind, double *vval, int start,
+               int len);
+
+/** Index of the variable named name into *indexP, or -1 when there is none
+ *  (not an error). */
+int KLOgetvarbyname(KLOmodel *model, const char *name, int *indexP);
+
+/* ========================================================================
+ * Rows (linear constraints)
+ * ======================================================================== */
+
+/** Adds numconstrs rows sense[k] rhs[k] over the entries cbeg[k] ..
+ *  cbeg[k+1]-1 of cind/cval.  constrnames may be null. */
+int KLOaddconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg, const int *cind,
+                  const double *cval, const char *sense, const double *rhs,
+                  const char *const *constrnames);
+
+/** Adds the row lower <= sum cval[k] x[cind[k]] <= upper. */
+int KLOaddrangeconstr(KLOmodel *model, int numnz, const int *cind, const double *cval,
+                      double lower, double upper, const char *constrname);
+
+/** Adds numconstrs rows lower[k] <= row k <= upper[k] (layout as KLOaddconstrs). */
+int KLOaddrangeconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg,
+                       const int *cind, const double *cval, const double *lower,
+                       const double *upper, const char *const *constrnames);
+
+/** Deletes numdel rows (of any kind: linear, quadratic, PSD). */
+int KLOdelconstrs(KLOmodel *model, int numdel, const int *ind);
+
+/** Linear entries of rows start .. start+len-1 (layout as KLOgetvars). */
+int KLOgetconstrs(KLOmodel *model, int *numnzP, int *cbeg, int *cind, double *cval, int start,
+                  int len);
+
+/** Index of the row named name, or -1 when there is none (not an error). */
+int KLOgetconstrbyname(KLOmodel *model, const char *name, int *indexP);
+
+/** Sets the coefficient of variable var in row constr (0 removes it). */
+int KLOsetconstrcoeff(KLOmodel *model, int constr, int var, double value);
+
+/** Reads the coefficient of variable var in row constr (0 when absent). */
+int KLOgetconstrcoeff(KLOmodel *model, int constr, int var, double *valueP);
+
+/* ========================================================================
+ * Quadratic rows and the quadratic objective.  Quadratic terms are
+ * q * x[row] * x[col]; terms (i, j) and (j, i) add up.
+ * ======================================================================== */
+
+/** Adds a row  sum lval x[lind] + sum qval x[qrow] x[qcol]  sense  rhs. */
+int KLOaddqconstr(KLOmodel *model, int numlnz, const int *lind, const double *lval, int numqnz,
+                  const int *qrow, const int *qcol, const double *qval, char sense, double rhs,
+                  const char *constrname);
+
+/** Linear and quadratic entries of row constr.  Counts go to *numlnzP and
+ *  *numqnzP; arrays may be null to ask the counts. */
+int KLOgetqconstr(KLOmodel *model, int constr, int *numlnzP, int *lind, double *lval,
+                  int *numqnzP, int *qrow, int *qcol, double *qval);
+
+/** Adds terms to the quadratic objective (the objective is c'x + sum of
+ *  q x[row] x[col], no factor 1/2). */
+int KLOaddqpterms(KLOmodel *model, int numqnz, const int *qrow, const int *qcol,
+                  const double *qval);
+
+/** The quadratic objective terms (arrays may be null to ask the count). */
+int KLOgetq(KLOmodel *model, int *numqnzP, int *qrow, int *qcol, double *qval);
+
+/** Removes every quadratic objective term. */
+int KLOdelq(KLOmodel *model);
+
+/* ========================================================================
+ * Positive-semidefinite variables and rows
+ * ======================================================================== */
+
+/** Adds a dim x dim symmetric positive-semidefinite matrix variable. */
+int KLOaddpsdvar(KLOmodel *model, int dim, const char *name);
+
+/** Deletes numdel PSD variables (their terms go from every row and the
+ *  objective). */
+int KLOdelpsdvars(KLOmodel *model, int numdel, const int *ind);
+
+/** Adds the row  lower <= sum cval x[cind] + sum_k <M_k, X[psdvar[k]]> <= upper.
+ *  Matrix k (dimension of its PSD variable) holds the entries mbeg[k] ..
+ *  mbeg[k+1]-1 of mind (flattened positions) and mval. */
+int KLOaddrangepsdconstr(KLOmodel *model, int numnz, const int *cind, const double *cval,
+                         int numpsd, const int *psdvar, const int *mbeg, const int *mind,
+                         const double *mval, double lower, double upper,
+                         const char *constrname);
+
+/* ========================================================================
+ * SOS and general constraints
+ * ======================================================================== */
+
+/** Adds numsos SOS sets of types[k] (KLO_SOS_TYPE1 or 2) with members
+ *  ind[beg[k]] .. and their weights (which order the members). */
+int KLOaddsos(KLOmodel *model, int numsos, int nummembers, const int *types, const int *beg,
+              const int *ind, const double *weight);
+
+/** Deletes numdel SOS sets. */
+int KLOdelsos(KLOmodel *model, int numdel, const int *ind);
+
+/** SOS sets start .. start+len-1: types, begin offsets, members, weights
+ *  (arrays may be null to ask the member count). */
+int KLOgetsos(KLOmodel *model, int *nummembersP, int *types, int *beg, int *ind, double *weight,
+              int start, int len);
+
+/** Adds the indicator constraint  x[binvar] = binval  implies
+ *  sum val x[ind]  sense  rhs.  binval is 0 or 1; binvar must be binary. */
+int KLOaddgenconstrIndicator(KLOmodel *model, const char *name, int binvar, int binval,
+                             int nvars, const int *ind, const double *val, char sense,
+                             double rhs);
+
+/** Reads indicator constraint genconstr (arrays may be null to ask *nvarsP). */
+int KLOgetgenconstrIndicator(KLOmodel *model, int genconstr, int *binvarP, int *binvalP,
+                             int *nvarsP, int *ind, double *val, char *senseP, double *rhsP);
+
+/** Deletes numdel general constraints. */
+int KLOdelgenconstrs(KLOmodel *model, int numdel, const int *ind);
+
+/* ========================================================================
+ * Multiple objectives
+ * ======================================================================== */
+
+/** Sets objective index (creating it, and the ones before it, when new) of
+ *  a multi-objective model: constant + sum lval x[lind], with its priority,
+ *  weight, tolerances and name.  Objectives are optimised in falling
+ *  priority; equal priorities are blended by weight. */
+int KLOsetobjectiven(KLOmodel *model, int index, int priority, double weight, double abstol,
+                     double reltol, const char *name, double constant, int lnz,
+                     const int *lind, const double *lval);
+
+/* ========================================================================
+ * Attributes (see the list above)
+ * ======================================================================== */
+
+/* Whole-model attributes.  A name of the other level gives
+ * KLO_ERROR_ATTRIBUTE_LEVEL, of another type KLO_ERROR_ATTRIBUTE_TYPE, a
+ * read-only one given to a set function KLO_ERROR_ATTRIBUTE_READONLY. */
+
+/** Reads a whole-model int attribute into *valueP. */
+int KLOgetintattr(KLOmodel *model, const char *attrname, int *valueP);
+/** Sets a whole-model int attribute. */
+int KLOsetintattr(KLOmodel *model, const char *attrname, int newvalue);
+/** Reads a whole-model double attribute into *valueP. */
+int KLOgetdblattr(KLOmodel *model, const char *attrname, double *valueP);
+/** Sets a whole-model double attribute. */
+int KLOsetdblattr(KLOmodel *model, const char *attrname, double newvalue);
+/** Reads a whole-model string attribute: *valueP receives a pointer to the
+ *  library's text. */
+int KLOgetstrattr(KLOmodel *model, const char *attrname, const char **valueP);
+/** Sets a whole-model string attribute. */
+int KLOsetstrattr(KLOmodel *model, const char *attrname, const char *newvalue);
+
+/* Element attributes: element is the index within the attribute's kind
+ * (variable, row, PSD variable, general constraint); an index out of range
+ * gives that kind's KLO_ERROR_INVALID_... code. */
+
+/** Reads an int attribute of one element. */
+int KLOgetintattrelement(KLOmodel *model, const char *attrname, int element, int *valueP);
+/** Sets an int attribute of one element. */
+int KLOsetintattrelement(KLOmodel *model, const char *attrname, int element, int newvalue);
+/** Reads a double attribute of one element. */
+int KLOgetdblattrelement(KLOmodel *model, const char *attrname, int element, double *valueP);
+/** Sets a double attribute of one element. */
+int KLOsetdblattrelement(KLOmodel *model, const char *attrname, int element, double newvalue);
+/** Reads a char attribute ("VType") of one element. */
+int KLOgetcharattrelement(KLOmodel *model, const char *attrname, int element, char *valueP);
+/** Sets a char attribute ("VType") of one element. */
+int KLOsetcharattrelement(KLOmodel *model, const char *attrname, int element, char newvalue);
+/** Reads a string attribute of one element: *valueP receives a pointer to
+ *  the library's text. */
+int KLOgetstrattrelement(KLOmodel *model, const char *attrname, int element,
+                         const char **valueP);
+/** Sets a string attribute of one element. */
+int KLOsetstrattrelement(KLOmodel *model, const char *attrname, int element,
+                         const char *newvalue);
+
+/* Array forms: elements start .. start+len-1 of an element attribute, in
+ * one call.  A failed set changes no element. */
+
+/** Reads an int element attribute of len elements into values. */
+int KLOgetintattrarray(KLOmodel *model, const char *attrname, int start, int len, int *values);
+/** Sets an int element attribute of len elements from values. */
+int KLOsetintattrarray(KLOmodel *model, const char *attrname, int start, int len,
+                       const int *values);
+/** Reads a double element attribute of len elements into values. */
+int KLOgetdblattrarray(KLOmodel *model, const char *attrname, int start, int len,
+                       double *values);
+/** Sets a double element attribute of len elements from values. */
+int KLOsetdblattrarray(KLOmodel *model, const char *attrname, int start, int len,
+                       const double *values);
+/** Reads a char element attribute of len elements into values. */
+int KLOgetcharattrarray(KLOmodel *model, const char *attrname, int start, int len,
+                        char *values);
+/** Sets a char element attribute of len elements from values. */
+int KLOsetcharattrarray(KLOmodel *model, const char *attrname, int start, int len,
+                        const char *values);
+
+/** Matrix attribute of a PSD variable.  *nnzP, *nrowsP and *ncolsP receive
+ *  the shape; with non-null ind and val the flattened positions and values
+ *  are copied too (call first with nulls to size the arrays). */
+int KLOgetmatattrelement(KLOmodel *model, const char *attrname, int element, int *nnzP,
+                         int *nrowsP, int *ncolsP, int *ind, double *val);
+/** Sets a matrix attribute from nnz entries (positions ind, values val). */
+int KLOsetmatattrelement(KLOmodel *model, const char *attrname, int element, int nnz,
+                         int nrows, int ncols, const int *ind, const double *val);
+
+/* ========================================================================
+ * Inside a running callback (cbdata as passed to the callback function)
+ * ======================================================================== */
+
+/** Reads information code what (KLO_CBINFO_...) into *resultP: an int, a
+ *  double, or a pointer to an array, as the code says. */
+int KLOcbget(void *cbdata, int where, int what, void *resultP);
+
+/** Proposes a solution (one value per variable, KLO_UNDEFINED for values
+ *  to be completed by the library).  *objP receives its objective when it
+ *  was accepted.  Positive results are refusals (KLO_CB_...). */
+int KLOcbsolution(void *cbdata, const double *solution, double *objP);
+/** The same, for the index-based callback. */
+int KLOcbsolutionp(void *cbdata, const double *solution, double *objP);
+
+/** Adds the cut  sum cutval x[cutind]  cutsense  cutrhs  at KLO_CB_MIPNODE. */
+int KLOcbcut(void *cbdata, int cutlen, const int *cutind, const double *cutval, char cutsense,
+             double cutrhs);
+/** The same, for the index-based callback. */
+int KLOcbcutp(void *cbdata, int cutlen, const int *cutind, const double *cutval, char cutsense,
+              double cutrhs);
+
+/** Asks to branch on variable index at value: dir < 0 explores the down
+ *  branch (x <= floor(value)) first, dir > 0 the up branch, 0 lets the
+ *  library choose. */
+int KLOcbbranch(void *cbdata, int index, double value, int dir);
+/** The same, for the index-based callback. */
+int KLOcbbranchp(void *cbdata, int index, double value, int dir);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* KLO_C_H */
