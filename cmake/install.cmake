@@ -19,5 +19,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/kloConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/kloConfigVersion.cmake
         DESTINATION ${KLO_CMAKE_DIR})
 
+# The .pc file finds its prefix relative to itself, so the tree can be moved.
+file(RELATIVE_PATH KLO_PC_TO_PREFIX "/root/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/root")
 configure_file(cmake/klo.pc.in ${CMAKE_CURRENT_BINARY_DIR}/klo.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/klo.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
