@@ -80,6 +80,12 @@ public:
     // Pointer returned by a pointer-returning function (KLOcopymodel,
     // KLOgetenv, KLOgetmultiobjenv); nullptr makes it return null.
     Script& returns(const void* p);
+    // Length of the array argument at position pos where the interface does
+    // not carry it (the penalties of KLOfeasrelax, the proposal of
+    // KLOcbsolution and KLOcbsolutionp, mind and mval of
+    // KLOaddrangepsdconstr).  Without it such an array is recorded as a
+    // Pointer, since the fake cannot know how much it may read.
+    Script& arrayLength(std::size_t pos, std::size_t n);
 
 private:
     friend struct Engine;
@@ -88,6 +94,7 @@ private:
     bool returnsSet_ = false;
     const void* returns_ = nullptr;
     std::size_t matched_ = 0;
+    std::vector<std::pair<std::size_t, std::size_t>> lengths_;
 };
 
 Script& on(const std::string& function);
