@@ -1,0 +1,21 @@
+// Small text helpers shared by the file readers.
+#ifndef KLO_SOLVER_COMMON_TEXT_H
+#define KLO_SOLVER_COMMON_TEXT_H
+
+#include <string>
+#include <vector>
+
+namespace klo {
+
+std::string trim(const std::string& s);
+// Whitespace-separated words of s.
+std::vector<std::string> splitWords(const std::string& s);
+bool endsWith(const std::string& s, const std::string& suffix);
+// Parses the whole of s as a number; false when it is not one.
+bool parseDouble(const std::string& s, double& out);
+// "%.17g": enough digits to read back the same double.
+std::string formatDouble(double v);
+
+}  // namespace klo
+
+#endif

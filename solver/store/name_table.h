@@ -1,0 +1,39 @@
+// Names of one element kind, with lookup by name in O(1) on average.
+// The hash index is rebuilt lazily after a deletion (which renumbers the
+// later elements) or a rename that hid an entry; other changes keep it up
+// to date.  Empty names are allowed and are never found.  With duplicate
+// names the lowest index wins.
+#ifndef KLO_SOLVER_STORE_NAME_TABLE_H
+#define KLO_SOLVER_STORE_NAME_TABLE_H
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace klo {
+
+class NameTable {
+ public:
+  int size() const { return static_cast<int>(names_.size()); }
+  const std::string& get(int i) const { return names_[i]; }
+  void set(int i, std::string name);
+  void append(std::string name);
+  // Keeps the names whose flag in keep is true, in order.
+  void retain(const std::vector<bool>& keep);
+  void clear();
+  // Index of the element called name, or -1.
+  int find(const std::string& name) const;
+  // True when some non-empty name occurs twice.
+  bool hasDuplicates() const;
+
+ private:
+  void rebuild() const;
+
+  std::vector<std::string> names_;
+  mutable std::unordered_map<std::string, int> index_;
+  mutable bool stale_ = false;
+};
+
+}  // namespace klo
+
+#endif
