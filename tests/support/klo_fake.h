@@ -62,6 +62,19 @@ std::vector<Call> callsOf(const std::string& function);
 // through output pointers, and hand out fresh distinct environment and model
 // pointers (KLOemptyenv, KLOloadenv, KLOnewmodel, KLOreadmodel,
 // KLOcopymodel, KLOrelaxmodel, KLOgetenv, KLOgetmultiobjenv).
+//
+// Details:
+//  - The more specific script wins as a whole: a call that matches
+//    on(fn, name) takes its status, outs and returns from it alone, and
+//    counts as a call of that script only.
+//  - Fresh handles are written through the handle outputs unless that output
+//    is scripted, whatever the status.  KLOgetenv(model) and
+//    KLOgetmultiobjenv(model, num) give the same environment each time for
+//    the same arguments (null for a null model).
+//  - A null entry of a names array is recorded as "".
+//  - KLOsetcallbackfunc registers the callback only when its status is 0.
+//  - A scripted value that cannot be written through the argument's C type
+//    (a string through an int*, say) throws std::logic_error.
 class Script {
 public:
     // Status of every call.
