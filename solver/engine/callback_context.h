@@ -1,0 +1,76 @@
+// What a user callback sees and may do during a solve.  Adapters fill a
+// CallbackContext at each callback location; the C functions KLOcbget,
+// KLOcbsolution, KLOcbcut and KLOcbbranch are thin wrappers over the
+// callback... functions below, with the context as their cbdata.
+#ifndef KLO_SOLVER_ENGINE_CALLBACK_CONTEXT_H
+#define KLO_SOLVER_ENGINE_CALLBACK_CONTEXT_H
+
+#include <chrono>
+#include <functional>
+
+namespace klo::engine {
+
+// Implemented by the engine running the search: the requests a callback
+// may make.  Each returns 0 (accepted) or a KLO_CB_... refusal.
+class CallbackActions {
+ public:
+  virtual ~CallbackActions() = default;
+  // x: one value per column, kUndefined for values the engine completes.
+  virtual int proposeSolution(const double* x, double* objective) = 0;
+  virtual int addCut(int len, const int* ind, const double* val, char sense, double rhs) = 0;
+  virtual int branch(int column, double value, int dir) = 0;
+};
+
+struct CallbackContext {
+  int where = 0;  // KLO_CB_...
+  int numVars = 0;
+  int numRows = 0;
+  int numIntVars = 0;
+  std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();
+
+  // Search state, in the model's sense.  objBest is +-kInfinity (the
+  // model's sense) while there is no incumbent.
+  double objBest = 1e20;
+  double objBound = -1e20;
+  long long nodeCount = 0;
+  long long nodeLeft = 0;
+  long long solCount = 0;
+  long long iterCount = 0;
+  long long cutCount = 0;
+  int nodeDepth = 0;
+  int nodeStatus = 0;  // KLO_STATUS_... of the node relaxation
+
+  // Arrays in the model's column numbering, null when not available here.
+  const double* solution = nullptr;        // KLO_CB_MIPSOL: the new incumbent
+  const double* nodeRelaxation = nullptr;  // KLO_CB_MIPNODE
+  const double* nodeLower = nullptr;       // KLO_CB_MIPNODE
+  const double* nodeUpper = nullptr;       // KLO_CB_MIPNODE
+  const int* isInteger = nullptr;          // MIP locations
+
+  CallbackActions* actions = nullptr;  // null where nothing may be submitted
+
+  double runtime() const;
+};
+
+// The user's function: returns KLO_CB_STOP (11) to stop the solve, 0 to go on.
+using Callback = std::function<int(CallbackContext& ctx)>;
+
+// KLOcbget: reads information code what (KLO_CBINFO_...) at location where
+// (which must be the context's) into result, an int, double or array
+// pointer as klo_c.h documents.  Returns 0 or a KLO_ERROR_... code.
+int callbackGet(const CallbackContext& ctx, int where, int what, void* result);
+
+// KLOcbsolution: proposes a solution; *objective (may be null) receives its
+// objective when accepted.
+int callbackSolution(CallbackContext& ctx, const double* x, double* objective);
+
+// KLOcbcut: adds the cut  sum val[k] x[ind[k]]  sense  rhs  (KLO_CB_MIPNODE).
+int callbackCut(CallbackContext& ctx, int len, const int* ind, const double* val, char sense,
+                double rhs);
+
+// KLOcbbranch: asks to branch on column at value (KLO_CB_MIPNODE).
+int callbackBranch(CallbackContext& ctx, int column, double value, int dir);
+
+}  // namespace klo::engine
+
+#endif

@@ -1,0 +1,72 @@
+#include "engine/cbc_arguments.h"
+
+#include <cmath>
+
+#include "engine/log_handler.h"
+
+namespace klo::engine {
+namespace {
+
+using Args = std::vector<std::string>;
+
+void add(Args& a, const std::string& option, const std::string& value) {
+  a.push_back("-" + option);
+  a.push_back(value);
+}
+
+void addCuts(Args& a, int level) {
+  if (level == 0) add(a, "cuts", "off");
+  if (level == 1) add(a, "cuts", "root");
+  if (level == 3) add(a, "cuts", "on");
+}
+
+void addHeuristics(Args& a, int level) {
+  if (level == 0) add(a, "heuristicsOnOff", "off");
+  if (level == 1) {
+    add(a, "heuristicsOnOff", "off");
+    add(a, "roundingHeuristic", "on");
+    add(a, "feasibilityPump", "on");
+  }
+  if (level == 3) {
+    add(a, "Rens", "on");
+    add(a, "Rins", "on");
+    add(a, "Dins", "on");
+    add(a, "proximitySearch", "on");
+  }
+}
+
+void addLimits(Args& a, const Problem& p, const Settings& s, double timeLeft) {
+  if (timeLeft < kInfinity) add(a, "seconds", formatNumber(timeLeft));
+  if (s.maxNodes < INT_MAX) add(a, "maxNodes", std::to_string(s.maxNodes));
+  if (s.maxSolutions < INT_MAX) add(a, "maxSolutions", std::to_string(s.maxSolutions));
+  add(a, "allowableGap", formatNumber(s.gapAbs));
+  add(a, "ratioGap", formatNumber(s.gapRel));
+  // Cbc minimises: a maximisation reaches it negated.
+  if (std::fabs(s.cutoff) < kInfinity) add(a, "cutoff", formatNumber(p.sense * s.cutoff));
+}
+
+}  // namespace
+
+int cbcLogLevel(const Settings& s) { return s.logLevel <= 1 ? 0 : s.logLevel - 1; }
+
+std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, double timeLeft,
+                                      bool withCallback) {
+  Args a{"klo"};
+  add(a, "log", std::to_string(cbcLogLevel(s)));
+  add(a, "timeMode", "elapsed");
+  addLimits(a, p, s, timeLeft);
+  add(a, "integerTolerance", formatNumber(s.integerTolerance));
+  add(a, "maxSavedSolutions", std::to_string(s.solutionPoolSize));
+  addCuts(a, s.levelCuts);
+  addHeuristics(a, s.levelHeurs);
+  if (withCallback)
+    add(a, "preprocess", "off");
+  else if (!p.sos.empty())
+    add(a, "preprocess", "sos");
+  if (!withCallback && s.numThreads > 1) add(a, "threads", std::to_string(s.numThreads));
+  a.push_back("-solve");
+  a.push_back("-quit");
+  return a;
+}
+
+}  // namespace klo::engine

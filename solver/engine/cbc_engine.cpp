@@ -1,0 +1,223 @@
+// Cbc adapter: mixed-integer programs and SOS.
+//
+// Quirks of Cbc 2.10 as shipped in Debian 12, and what this file does:
+//  - CbcMain0 + CbcMain1 with a command line give Cbc's own defaults
+//    (preprocessing, cut generators, heuristics) in a few lines; we use them
+//    so that a solve is as good as Cbc's command-line solver.  They keep
+//    file-level statics: a process-wide mutex keeps to one solve at a time.
+//    The overload taking CbcSolverUsefulData lets us refuse its SIGINT
+//    handler and its banner.
+//  - "-seconds" counts CPU time unless "-timeMode elapsed" comes first.
+//  - isProvenOptimal() is also true after a gap stop; the status comes from
+//    secondaryStatus(), where every limit is distinct.
+//  - Cbc minimises inside the search: a maximisation is handed over with
+//    its objective negated, so cutoff, bound and incumbents the hooks see
+//    are turned back here (SearchState::toModel).
+//  - Cut generators and incumbents see the preprocessed columns, so with a
+//    user callback preprocessing is off and the search runs on one thread.
+//  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting.
+//  - Saved solutions come back through postprocessing in the original
+//    columns, best first: they are the solution pool.
+//  - A MIP start is matched by column name, so columns get names.
+//  - 1e20 is a finite bound to Clp underneath: bounds go in as COIN_DBL_MAX.
+#include <CbcModel.hpp>
+#include <CbcSOS.hpp>
+#include <CbcSolver.hpp>
+#include <CoinError.hpp>
+#include <OsiClpSolverInterface.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <mutex>
+
+#include "common/error.h"
+#include "engine/cbc_arguments.h"
+#include "engine/cbc_hooks.h"
+#include "engine/coin_problem.h"
+#include "engine/engine.h"
+#include "engine/log_handler.h"
+#include "engine/problem_eval.h"
+#include "klo_c.h"
+
+namespace klo::engine {
+namespace {
+
+std::mutex cbcDriverMutex;  // CbcMain0/CbcMain1 are not re-entrant
+
+class CbcRun {
+ public:
+  CbcRun(const Problem& p, const Settings& s, const Callback& cb)
+      : p_(p), s_(s), cb_(cb), handler_(s.log, cbcLogLevel(s)), state_(p, s, cb) {}
+
+  Result run() {
+    loadSolver();
+    CbcModel model(solver_);
+    model.passInMessageHandler(&handler_);
+    CbcSolverUsefulData data;
+    data.useSignalHandler_ = false;
+    data.noPrinting_ = cbcLogLevel(s_) == 0;
+    std::lock_guard<std::mutex> lock(cbcDriverMutex);
+    CbcMain0(model, data);
+    model.setLogLevel(cbcLogLevel(s_));
+    install(model);
+    const double timeLeft = s_.maxTime >= kInfinity ? kInfinity : std::max(0.0, s_.maxTime - state_.ctx.runtime());
+    std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
+    std::vector<const char*> argv;
+    for (const std::string& a : args) argv.push_back(a.c_str());
+    CbcMain1(static_cast<int>(argv.size()), argv.data(), model, noCallBack, data);
+    readResult(model);
+    return std::move(r_);
+  }
+
+ private:
+  static int noCallBack(CbcModel*, int) { return 0; }
+
+  void loadSolver() {
+    std::vector<double> lower = coinBounds(p_.colLower), upper = coinBounds(p_.colUpper);
+    std::vector<double> obj(p_.obj);
+    for (double& c : obj) c *= p_.sense;  // Cbc minimises
+    for (int j = 0; j < p_.numCols(); ++j)
+      if (p_.colType[j] == 'B') {
+        lower[j] = std::max(lower[j], 0.0);
+        upper[j] = std::min(upper[j], 1.0);
+      }
+    solver_.messageHandler()->setLogLevel(0);
+    solver_.loadProblem(packedMatrix(p_), lower.data(), upper.data(), obj.data(),
+                        coinBounds(p_.rowLower).data(), coinBounds(p_.rowUpper).data());
+    for (int j = 0; j < p_.numCols(); ++j)
+      if (p_.colType[j] != 'C') solver_.setInteger(j);
+    solver_.passInMessageHandler(&handler_);
+  }
+
+  void install(CbcModel& model) {
+    addSos(model);
+    addStart(model);
+    SearchEvents events(state_);
+    model.passInEventHandler(&events);  // Cbc keeps a clone
+    if (!cb_) return;
+    NodeCallbackCuts cuts(state_);
+    model.addCutGenerator(&cuts, 1, "callback", true, false, false, -100, -1, -1);
+    ProposedSolutions heuristic(state_);
+    model.addHeuristic(&heuristic);
+  }
+
+  void addSos(CbcModel& model) {
+    std::vector<OsiObject*> objects;
+    for (size_t k = 0; k < p_.sos.size(); ++k) {
+      const SosSet& s = p_.sos[k];
+      objects.push_back(new CbcSOS(&model, static_cast<int>(s.members.size()), s.members.data(),
+                                   s.weights.data(), static_cast<int>(k), s.type));
+    }
+    if (!objects.empty()) model.addObjects(static_cast<int>(objects.size()), objects.data());
+    for (OsiObject* o : objects) delete o;
+  }
+
+  void addStart(CbcModel& model) {
+    if (p_.startValues.empty()) return;
+    std::vector<std::pair<std::string, double>> start;
+    for (int j = 0; j < p_.numCols(); ++j) {
+      std::string name = "c" + std::to_string(j);
+      solver_.setColName(j, name);
+      model.solver()->setColName(j, name);
+      if (p_.startValues[j] < kUndefined) start.emplace_back(name, p_.startValues[j]);
+    }
+    if (!start.empty()) model.setMIPStart(start);
+  }
+
+  int status(const CbcModel& m) const {
+    if (state_.stopRequested) return KLO_STATUS_INTERRUPTED;
+    switch (m.secondaryStatus()) {
+      case 0:
+      case 2: return r_.hasSolution ? KLO_STATUS_OPTIMAL : KLO_STATUS_INFEASIBLE;
+      case 1: return std::fabs(s_.cutoff) < kInfinity ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
+      case 3: return KLO_STATUS_NODE_LIMIT;
+      case 4: return KLO_STATUS_TIME_LIMIT;
+      case 5: return KLO_STATUS_INTERRUPTED;
+      case 6: return KLO_STATUS_SOLUTION_LIMIT;
+      case 7: return r_.hasSolution ? KLO_STATUS_UNBOUNDED : KLO_STATUS_INF_OR_UNBD;
+      case 8: return KLO_STATUS_ITERATION_LIMIT;
+      default: return m.isProvenInfeasible() ? KLO_STATUS_INFEASIBLE : KLO_STATUS_NUMERICAL;
+    }
+  }
+
+  void readResult(CbcModel& m) {
+    const int n = p_.numCols();
+    const double* best = m.bestSolution();
+    if (best && m.solver()->getNumCols() == n && m.getMinimizationObjValue() < 1e50) {
+      r_.hasSolution = true;
+      r_.x.assign(best, best + n);
+      r_.objective = objectiveOf(p_, best);
+      r_.activities = rowActivities(p_, best);
+      readPool(m);
+    }
+    r_.status = status(m);
+    r_.nodeCount = m.getNodeCount();
+    r_.simplexIterations = m.getIterationCount();
+    readBound(m);
+    r_.solverTime = state_.ctx.runtime();
+    state_.observe(m);
+    state_.ctx.objBound = r_.dualObjective;
+    if (r_.hasSolution) state_.ctx.objBest = r_.objective;
+    state_.progress(true, false);
+    logLine(s_, summaryLine());
+  }
+
+  void readBound(const CbcModel& m) {
+    const double bound = m.getBestPossibleObjValue();
+    r_.dualObjective = std::fabs(bound) < 1e50 ? state_.toModel(bound) : -p_.sense * kInfinity;
+    if (r_.hasSolution && r_.status == KLO_STATUS_OPTIMAL &&
+        p_.sense * (r_.dualObjective - r_.objective) > 0)
+      r_.dualObjective = r_.objective;  // the bound never passes a proven optimum
+    if (!r_.hasSolution) return;
+    r_.gapAbs = std::fabs(r_.objective - r_.dualObjective);
+    r_.gapRel = r_.gapAbs / std::max(1e-10, std::fabs(r_.objective));
+  }
+
+  void readPool(const CbcModel& m) {
+    const int n = p_.numCols();
+    r_.pool.push_back(PoolSolution{r_.objective, r_.x});
+    for (int k = 1; k < m.numberSavedSolutions() && static_cast<int>(r_.pool.size()) < s_.solutionPoolSize; ++k) {
+      const double* x = m.savedSolution(k);
+      if (x) r_.pool.push_back(PoolSolution{objectiveOf(p_, x), std::vector<double>(x, x + n)});
+    }
+  }
+
+  std::string summaryLine() const {
+    std::string line = std::string("MIP ") + statusText(r_.status);
+    if (r_.hasSolution)
+      line += ", objective " + formatNumber(r_.objective) + ", bound " +
+              formatNumber(r_.dualObjective) + ", gap " + formatNumber(100.0 * r_.gapRel) + "%";
+    else
+      line += ", no solution";
+    return line + "; " + std::to_string(r_.nodeCount) + " nodes, " +
+           std::to_string(r_.simplexIterations) + " simplex iterations in " +
+           formatNumber(r_.solverTime) + " s";
+  }
+
+  const Problem& p_;
+  const Settings& s_;
+  const Callback& cb_;
+  SinkMessageHandler handler_;
+  OsiClpSolverInterface solver_;
+  SearchState state_;
+  Result r_;
+};
+
+class CbcEngine : public Engine {
+ public:
+  const char* name() const override { return "Cbc"; }
+  Result solve(const Problem& problem, const Settings& settings, const Callback& cb) override {
+    checkProblem(problem);
+    try {
+      return CbcRun(problem, settings, cb).run();
+    } catch (const CoinError& e) {
+      fail(KLO_ERROR_INTERNAL, "Cbc: " + e.message() + " in " + e.methodName());
+    }
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Engine> makeCbcEngine() { return std::make_unique<CbcEngine>(); }
+
+}  // namespace klo::engine

@@ -1,0 +1,188 @@
+#include "engine/cbc_hooks.h"
+
+#include <CbcModel.hpp>
+#include <CbcTree.hpp>
+#include <ClpSimplex.hpp>
+#include <OsiRowCut.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "engine/coin_problem.h"
+#include "engine/log_handler.h"
+#include "engine/problem_eval.h"
+#include "klo_c.h"
+
+namespace klo::engine {
+
+SearchState::SearchState(const Problem& p, const Settings& s, const Callback& cb)
+    : problem(p), settings(s), callback(cb) {
+  integerFlags_.resize(p.numCols());
+  for (int j = 0; j < p.numCols(); ++j) {
+    integerFlags_[j] = p.colType[j] != 'C';
+    ctx.numIntVars += integerFlags_[j];
+  }
+  ctx.numVars = p.numCols();
+  ctx.numRows = p.numRows();
+  ctx.isInteger = integerFlags_.data();
+  ctx.objBest = p.sense * kInfinity;
+  ctx.objBound = -p.sense * kInfinity;
+  ctx.actions = this;
+}
+
+double SearchState::toModel(double cbcValue) const {
+  return problem.sense * cbcValue + problem.objConstant;
+}
+
+double SearchState::toCbc(double modelValue) const {
+  return problem.sense * (modelValue - problem.objConstant);
+}
+
+void SearchState::call(int where) {
+  if (!callback || stopRequested) return;
+  ctx.where = where;
+  if (callback(ctx) == KLO_CB_STOP) stopRequested = true;
+  ctx.solution = ctx.nodeRelaxation = ctx.nodeLower = ctx.nodeUpper = nullptr;
+}
+
+void SearchState::observe(CbcModel& m) {
+  ctx.nodeCount = m.getNodeCount();
+  ctx.nodeLeft = m.tree() ? m.tree()->size() : 0;
+  ctx.iterCount = m.getIterationCount();
+  ctx.solCount = m.getSolutionCount();
+  if (m.bestSolution()) ctx.objBest = toModel(m.getObjValue());
+  const double bound = m.getBestPossibleObjValue();
+  if (std::fabs(bound) < 1e50) ctx.objBound = toModel(bound);
+}
+
+namespace {
+
+std::string gapText(double best, double bound) {
+  if (std::fabs(best) >= kInfinity || std::fabs(bound) >= kInfinity) return "-";
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%.2f%%", 100.0 * std::fabs(best - bound) / std::max(1e-10, std::fabs(best)));
+  return buf;
+}
+
+std::string valueText(double v) { return std::fabs(v) >= kInfinity ? "-" : formatNumber(v); }
+
+}  // namespace
+
+void SearchState::progress(bool force, bool incumbent) {
+  const double t = ctx.runtime();
+  if (!force && !incumbent && t - lastProgress_ < settings.progressInterval) return;
+  lastProgress_ = t;
+  if (!headerDone_) {
+    logLine(settings, "      Nodes      Left       Incumbent           Bound      Gap     Time");
+    headerDone_ = true;
+  }
+  char buf[160];
+  std::snprintf(buf, sizeof buf, "%c %9lld %9lld %15s %15s %8s %7.1fs", incumbent ? '*' : ' ',
+                ctx.nodeCount, ctx.nodeLeft, valueText(ctx.objBest).c_str(),
+                valueText(ctx.objBound).c_str(), gapText(ctx.objBest, ctx.objBound).c_str(), t);
+  logLine(settings, buf);
+}
+
+// Fills unset values by an LP over them with the given ones fixed.
+std::vector<double> SearchState::complete(const double* x, bool& ok) const {
+  const int n = problem.numCols();
+  std::vector<double> full(x, x + n);
+  ok = true;
+  std::vector<double> lower = problem.colLower, upper = problem.colUpper;
+  bool missing = false;
+  for (int j = 0; j < n; ++j) {
+    if (full[j] >= kUndefined) missing = true;
+    else lower[j] = upper[j] = full[j];
+  }
+  if (!missing) return full;
+  ClpSimplex lp;
+  lp.setLogLevel(0);
+  lp.loadProblem(packedMatrix(problem), coinBounds(lower).data(), coinBounds(upper).data(),
+                 problem.obj.data(), coinBounds(problem.rowLower).data(),
+                 coinBounds(problem.rowUpper).data());
+  lp.setOptimizationDirection(problem.sense);
+  lp.dual();
+  ok = lp.status() == 0;
+  if (ok) full.assign(lp.primalColumnSolution(), lp.primalColumnSolution() + n);
+  return full;
+}
+
+int SearchState::proposeSolution(const double* x, double* objective) {
+  bool ok = false;
+  std::vector<double> full = complete(x, ok);
+  if (!ok || maxViolation(problem, full.data(), true) > 1e-6) return KLO_CB_REJECTED;
+  for (int j = 0; j < problem.numCols(); ++j)
+    if (integerFlags_[j]) full[j] = std::round(full[j]);
+  const double obj = objectiveOf(problem, full.data());
+  const double best = toCbc(ctx.objBest);
+  if (ctx.solCount > 0 && toCbc(obj) >= best - 1e-9 * (1.0 + std::fabs(best)))
+    return KLO_CB_NOT_IMPROVING;
+  proposals.push_back(Proposal{toCbc(obj), std::move(full)});
+  *objective = obj;
+  return KLO_OK;
+}
+
+int SearchState::addCut(int len, const int* ind, const double* val, char sense, double rhs) {
+  if (!cutsOut) return KLO_CB_IGNORED;
+  OsiRowCut cut;
+  cut.setRow(len, ind, val);
+  cut.setLb(sense == '<' || (sense != '>' && sense != '=') ? -COIN_DBL_MAX : rhs);
+  cut.setUb(sense == '>' ? COIN_DBL_MAX : rhs);
+  cut.setGloballyValid(true);
+  cutsOut->insert(cut);
+  ++ctx.cutCount;
+  return KLO_OK;
+}
+
+// Branching requests need a CbcObject of their own; not offered yet.
+int SearchState::branch(int, double, int) { return KLO_CB_IGNORED; }
+
+CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
+  SearchState& s = *state_;
+  if (model_->parentModel()) return noAction;  // a sub-search of a heuristic
+  if (e == node) {
+    s.observe(*model_);
+    s.call(KLO_CB_MIP);
+    s.progress(false, false);
+  } else if ((e == solution || e == heuristicSolution) &&
+             model_->getSolutionCount() > s.solutionsSeen) {
+    s.solutionsSeen = model_->getSolutionCount();
+    s.observe(*model_);
+    s.ctx.solution = model_->bestSolution();
+    s.call(KLO_CB_MIPSOL);
+    s.progress(false, true);
+  }
+  return s.stopRequested ? stop : noAction;
+}
+
+void NodeCallbackCuts::generateCuts(const OsiSolverInterface& si, OsiCuts& cs,
+                                    const CglTreeInfo info) {
+  SearchState& s = *state_;
+  if (s.stopRequested || si.getNumCols() != s.problem.numCols()) return;
+  s.ctx.nodeRelaxation = si.getColSolution();
+  s.ctx.nodeLower = si.getColLower();
+  s.ctx.nodeUpper = si.getColUpper();
+  s.ctx.nodeDepth = info.level;
+  s.ctx.nodeStatus = KLO_STATUS_OPTIMAL;
+  s.cutsOut = &cs;
+  s.call(KLO_CB_MIPNODE);
+  s.cutsOut = nullptr;
+}
+
+int ProposedSolutions::solution(double& objectiveValue, double* newSolution) {
+  auto& pending = state_->proposals;
+  auto best = std::min_element(pending.begin(), pending.end(), [](const Proposal& a, const Proposal& b) {
+    return a.cbcObjective < b.cbcObjective;
+  });
+  int found = 0;
+  if (best != pending.end() && best->cbcObjective < objectiveValue) {
+    std::copy(best->x.begin(), best->x.end(), newSolution);
+    objectiveValue = best->cbcObjective;
+    found = 1;
+  }
+  pending.clear();
+  return found;
+}
+
+}  // namespace klo::engine

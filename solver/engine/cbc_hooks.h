@@ -1,0 +1,100 @@
+// What we hang into Cbc's search: an event handler (incumbents, progress
+// lines, the MIP callback and stopping), a cut generator (the node
+// callback and its cuts) and a heuristic (solutions the callback proposes).
+// Cbc clones all three, so they share one SearchState through a pointer.
+#ifndef KLO_SOLVER_ENGINE_CBC_HOOKS_H
+#define KLO_SOLVER_ENGINE_CBC_HOOKS_H
+
+#include <CbcEventHandler.hpp>
+#include <CbcHeuristic.hpp>
+#include <CglCutGenerator.hpp>
+#include <OsiCuts.hpp>
+
+#include <chrono>
+#include <vector>
+
+#include "engine/callback_context.h"
+#include "engine/problem.h"
+#include "engine/settings.h"
+
+namespace klo::engine {
+
+struct Proposal {
+  double cbcObjective;  // as Cbc sees it: minimised, no constant
+  std::vector<double> x;
+};
+
+class SearchState : public CallbackActions {
+ public:
+  SearchState(const Problem& p, const Settings& s, const Callback& cb);
+
+  // Model sense value of an objective as Cbc sees it, and back.
+  double toModel(double cbcValue) const;
+  double toCbc(double modelValue) const;
+
+  // Calls the user's callback at where; remembers a stop request.
+  void call(int where);
+  // Writes a progress line when one is due (or force), with a mark for a
+  // new incumbent.
+  void progress(bool force, bool incumbent);
+  // Updates the search figures the callback and the log show.
+  void observe(CbcModel& m);
+
+  int proposeSolution(const double* x, double* objective) override;
+  int addCut(int len, const int* ind, const double* val, char sense, double rhs) override;
+  int branch(int column, double value, int dir) override;
+
+  const Problem& problem;
+  const Settings& settings;
+  const Callback& callback;
+  CallbackContext ctx;
+  bool stopRequested = false;
+  int solutionsSeen = 0;
+  std::vector<Proposal> proposals;  // accepted, waiting for the heuristic
+  OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
+
+ private:
+  std::vector<double> complete(const double* x, bool& ok) const;
+  std::vector<int> integerFlags_;
+  double lastProgress_ = -1.0;
+  bool headerDone_ = false;
+};
+
+class SearchEvents : public CbcEventHandler {
+ public:
+  explicit SearchEvents(SearchState& state) : state_(&state) {}
+  CbcAction event(CbcEvent e) override;
+  CbcEventHandler* clone() const override { return new SearchEvents(*this); }
+
+ private:
+  SearchState* state_;
+};
+
+class NodeCallbackCuts : public CglCutGenerator {
+ public:
+  explicit NodeCallbackCuts(SearchState& state) : state_(&state) {}
+  void generateCuts(const OsiSolverInterface& si, OsiCuts& cs,
+                    const CglTreeInfo info = CglTreeInfo()) override;
+  CglCutGenerator* clone() const override { return new NodeCallbackCuts(*this); }
+
+ private:
+  SearchState* state_;
+};
+
+class ProposedSolutions : public CbcHeuristic {
+ public:
+  explicit ProposedSolutions(SearchState& state) : state_(&state) {
+    setHeuristicName("callback solutions");
+  }
+  CbcHeuristic* clone() const override { return new ProposedSolutions(*this); }
+  void resetModel(CbcModel*) override {}
+  bool shouldHeurRun(int) override { return true; }
+  int solution(double& objectiveValue, double* newSolution) override;
+
+ private:
+  SearchState* state_;
+};
+
+}  // namespace klo::engine
+
+#endif

@@ -1,0 +1,286 @@
+// Clp adapter: linear programs.
+//
+// Quirks of Clp 1.17 as shipped in Debian 12, and what this file does:
+//  - Bounds of 1e20 are finite to Clp; they are loaded as COIN_DBL_MAX.
+//  - setMaximumSeconds counts CPU time from the moment it is called; the
+//    wall-clock limit is set with setMaximumWallSeconds right before each
+//    algorithm runs, to what is left of "MaxTime".
+//  - barrier(true) reports no iterations and has no iteration limit, so the
+//    interior-point method runs here through ClpInterior, followed by a
+//    primal simplex crossover from its point.  Its borrowed event handler
+//    must be detached meanwhile (Clp asserts otherwise).
+//  - Rays (infeasibilityRay, unboundedRay) are new[] arrays, present only
+//    when the last algorithm proved the status itself (dual simplex for
+//    infeasible, primal for unbounded) on the unpresolved model; when one is
+//    missing a short re-solve derives it.  Clp's Farkas ray comes in either
+//    sign; it is turned to the convention of result.h by checking which sign
+//    proves infeasibility.
+//  - Presolve drops the basis, so a warm start skips it.  ClpPresolve is
+//    used directly so that every method presolves alike.  A presolved model
+//    is postsolved only when optimal (postsolve asserts on others, and the
+//    Debian build keeps assert() on); infeasible and unbounded ones are
+//    re-solved unpresolved, which also gives their rays.
+//  - Duals and reduced costs come back in the user's sense, which is the
+//    convention of result.h for minimisation and maximisation alike.
+//  - Status 5 means an event handler stopped the solve: our callback did.
+#include <ClpCholeskyBase.hpp>
+#include <ClpEventHandler.hpp>
+#include <ClpInterior.hpp>
+#include <ClpPresolve.hpp>
+#include <ClpSimplex.hpp>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <memory>
+
+#include "engine/clp_basis.h"
+#include "engine/coin_problem.h"
+#include "engine/engine.h"
+#include "engine/log_handler.h"
+#include "engine/lp_duals.h"
+#include "engine/problem_eval.h"
+#include "klo_c.h"
+
+namespace klo::engine {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point t) {
+  return std::chrono::duration<double>(Clock::now() - t).count();
+}
+
+// Calls the user's callback at every simplex iteration.
+class SimplexEvents : public ClpEventHandler {
+ public:
+  SimplexEvents(const Callback& cb, CallbackContext& ctx, const long long& doneIters, bool& stopped)
+      : cb_(&cb), ctx_(&ctx), doneIters_(&doneIters), stopped_(&stopped) {}
+  int event(Event e) override {
+    if (e != endOfIteration || *stopped_) return *stopped_ ? 0 : -1;
+    ctx_->where = KLO_CB_SIMPLEX;
+    ctx_->iterCount = *doneIters_ + model_->numberIterations();
+    if ((*cb_)(*ctx_) == KLO_CB_STOP) *stopped_ = true;
+    return *stopped_ ? 0 : -1;
+  }
+  ClpEventHandler* clone() const override { return new SimplexEvents(*this); }
+
+ private:
+  const Callback* cb_;
+  CallbackContext* ctx_;
+  const long long* doneIters_;
+  bool* stopped_;
+};
+
+struct Outcome {
+  int status = 4;     // Clp's problem status
+  int secondary = 0;  // Clp's secondary status
+  bool onOriginal = true;  // the original model holds the final state
+};
+
+class ClpRun {
+ public:
+  ClpRun(const Problem& p, const Settings& s, const Callback& cb)
+      : p_(p), s_(s), cb_(cb), handler_(s.log, std::max(0, s.logLevel)) {}
+
+  Result run() {
+    load();
+    const bool warm = loadBasis(m_, p_);
+    Outcome o = s_.presolve != 0 && !warm ? solvePresolved() : solve(m_);
+    if (o.onOriginal && (o.status == 1 || o.status == 2)) o = proveWithRay(o);
+    finish(o);
+    return std::move(r_);
+  }
+
+ private:
+  void load() {
+    m_.passInMessageHandler(&handler_);
+    m_.setLogLevel(std::max(0, s_.logLevel));
+    m_.loadProblem(packedMatrix(p_), coinBounds(p_.colLower).data(),
+                   coinBounds(p_.colUpper).data(), p_.obj.data(), coinBounds(p_.rowLower).data(),
+                   coinBounds(p_.rowUpper).data());
+    m_.setOptimizationDirection(p_.sense);
+    m_.setPrimalTolerance(s_.primalTolerance);
+    m_.setDualTolerance(s_.dualTolerance);
+    m_.setMaximumIterations(s_.maxSimplexIterations);
+    ctx_.numVars = p_.numCols();
+    ctx_.numRows = p_.numRows();
+    ctx_.started = started_;
+    if (cb_) {
+      SimplexEvents events(cb_, ctx_, r_.simplexIterations, stopped_);
+      m_.passInEventHandler(&events);  // Clp keeps a clone
+    }
+  }
+
+  double timeLeft() const { return std::max(0.0, s_.maxTime - secondsSince(started_)); }
+
+  // Runs the chosen algorithm on model (the original or a presolved one).
+  Outcome solve(ClpSimplex& model) {
+    if (s_.method == LpMethod::Barrier) return barrier(model);
+    model.setMaximumWallSeconds(timeLeft());
+    if (s_.method == LpMethod::Primal)
+      model.primal();
+    else
+      model.dual();
+    r_.simplexIterations += model.numberIterations();
+    return Outcome{model.status(), model.secondaryStatus(), true};
+  }
+
+  Outcome barrier(ClpSimplex& model) {
+    ClpInterior ipm;
+    ipm.borrowModel(model);
+    ipm.setCholesky(new ClpCholeskyBase());
+    ipm.setPrimalTolerance(s_.ipmPrimalTolerance);
+    ipm.setDualTolerance(s_.ipmDualTolerance);
+    ipm.setMaximumBarrierIterations(s_.maxBarrierIterations);
+    ipm.setMaximumWallSeconds(timeLeft());
+    // The borrowed event handler belongs to the simplex model; Clp asserts
+    // unless it is detached while the interior-point method runs.
+    ipm.eventHandler()->setSimplex(nullptr);
+    ipm.primalDual();
+    r_.barrierIterations += ipm.numberIterations();
+    const int status = ipm.status();
+    ipm.returnModel(model);
+    model.eventHandler()->setSimplex(&model);
+    if (status == 3) return Outcome{3, 0, true};
+    if (status == 4) return Outcome{4, 0, true};
+    // Crossover to a basic solution (also settles infeasible and unbounded).
+    model.createStatus();
+    model.setMaximumWallSeconds(timeLeft());
+    model.primal(1);
+    r_.simplexIterations += model.numberIterations();
+    return Outcome{model.status(), model.secondaryStatus(), true};
+  }
+
+  Outcome solvePresolved() {
+    const Clock::time_point t = Clock::now();
+    ClpPresolve pre;
+    std::unique_ptr<ClpSimplex> small(pre.presolvedModel(m_, 1e-8));
+    r_.presolveTime = secondsSince(t);
+    if (!small) return solve(m_);  // presolve proved it infeasible or unbounded
+    Outcome o = solve(*small);
+    if (o.status == 0) {
+      pre.postsolve(true);
+      small.reset();
+      return cleanUp();
+    }
+    small.reset();
+    if (o.status == 1 || o.status == 2) return solve(m_);  // for a trustworthy status and rays
+    o.onOriginal = false;
+    return o;
+  }
+
+  // After postsolve: primal simplex repairs what presolve's tolerances left.
+  Outcome cleanUp() {
+    m_.checkSolution();
+    if (m_.numberPrimalInfeasibilities() == 0 && m_.numberDualInfeasibilities() == 0) {
+      m_.setProblemStatus(0);
+      return Outcome{0, 0, true};
+    }
+    m_.setMaximumWallSeconds(timeLeft());
+    m_.primal(1);
+    r_.simplexIterations += m_.numberIterations();
+    return Outcome{m_.status(), m_.secondaryStatus(), true};
+  }
+
+  // Infeasible: dual simplex gives the Farkas ray; unbounded: primal gives
+  // the direction.  Re-solve with the right one when the ray is missing.
+  Outcome proveWithRay(Outcome o) {
+    for (int attempt = 0; attempt < 2; ++attempt) {
+      if (o.status == 1 && takeDualRay()) return o;
+      if (o.status == 2 && takePrimalRay()) return o;
+      if (o.status != 1 && o.status != 2) return o;
+      m_.setMaximumWallSeconds(timeLeft());
+      if (o.status == 1) m_.dual(); else m_.primal();
+      r_.simplexIterations += m_.numberIterations();
+      o = Outcome{m_.status(), m_.secondaryStatus(), true};
+    }
+    return o;
+  }
+
+  bool takeDualRay() {
+    std::unique_ptr<double[]> ray(m_.infeasibilityRay());
+    if (!ray) return false;
+    r_.dualRay.assign(ray.get(), ray.get() + p_.numRows());
+    orientFarkasRay(p_, r_.dualRay);
+    return true;
+  }
+
+  bool takePrimalRay() {
+    std::unique_ptr<double[]> ray(m_.unboundedRay());
+    if (!ray) return false;
+    r_.primalRay.assign(ray.get(), ray.get() + p_.numCols());
+    return true;
+  }
+
+  int klostatus(const Outcome& o) const {
+    if (stopped_ || o.status == 5) return KLO_STATUS_INTERRUPTED;
+    switch (o.status) {
+      case 0: return KLO_STATUS_OPTIMAL;
+      case 1: return KLO_STATUS_INFEASIBLE;
+      case 2: return KLO_STATUS_UNBOUNDED;
+      case 3:
+        return o.secondary == 9 || secondsSince(started_) >= s_.maxTime ? KLO_STATUS_TIME_LIMIT
+                                                                         : KLO_STATUS_ITERATION_LIMIT;
+      default: return KLO_STATUS_NUMERICAL;
+    }
+  }
+
+  void finish(const Outcome& o) {
+    r_.status = klostatus(o);
+    if (o.onOriginal) readSolution();
+    r_.solverTime = secondsSince(started_);
+    logLine(s_, summaryLine());
+  }
+
+  void readSolution() {
+    const double* x = m_.primalColumnSolution();
+    const int n = p_.numCols(), rows = p_.numRows();
+    readBasis(m_, r_);
+    bool feasible = r_.status == KLO_STATUS_OPTIMAL ||
+                    (r_.status != KLO_STATUS_INFEASIBLE && r_.status != KLO_STATUS_UNBOUNDED &&
+                     maxViolation(p_, x, false) <= 1e-6);
+    if (!feasible) return;
+    r_.hasSolution = true;
+    r_.x.assign(x, x + n);
+    r_.activities.assign(m_.primalRowSolution(), m_.primalRowSolution() + rows);
+    r_.duals.assign(m_.dualRowSolution(), m_.dualRowSolution() + rows);
+    r_.reducedCosts.assign(m_.dualColumnSolution(), m_.dualColumnSolution() + n);
+    r_.objective = objectiveOf(p_, x);
+    r_.dualObjective = dualObjective(p_, r_);
+  }
+
+  std::string summaryLine() const {
+    std::string line = std::string("LP ") + statusText(r_.status);
+    if (r_.hasSolution) line += ", objective " + formatNumber(r_.objective);
+    line += "; " + std::to_string(r_.simplexIterations) + " simplex";
+    if (s_.method == LpMethod::Barrier)
+      line += " and " + std::to_string(r_.barrierIterations) + " barrier";
+    return line + " iterations in " + formatNumber(r_.solverTime) + " s";
+  }
+
+  const Problem& p_;
+  const Settings& s_;
+  const Callback& cb_;
+  SinkMessageHandler handler_;
+  ClpSimplex m_;
+  Result r_;
+  CallbackContext ctx_;
+  bool stopped_ = false;
+  Clock::time_point started_ = Clock::now();
+};
+
+class ClpEngine : public Engine {
+ public:
+  const char* name() const override { return "Clp"; }
+  Result solve(const Problem& problem, const Settings& settings, const Callback& cb) override {
+    checkProblem(problem);
+    return ClpRun(problem, settings, cb).run();
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Engine> makeClpEngine() { return std::make_unique<ClpEngine>(); }
+
+}  // namespace klo::engine

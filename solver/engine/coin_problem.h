@@ -1,0 +1,21 @@
+// The Problem's matrix and bounds in COIN-OR's terms, for loading into Clp
+// and the Osi solver under Cbc.
+#ifndef KLO_SOLVER_ENGINE_COIN_PROBLEM_H
+#define KLO_SOLVER_ENGINE_COIN_PROBLEM_H
+
+#include <CoinPackedMatrix.hpp>
+#include <vector>
+
+#include "engine/problem.h"
+
+namespace klo::engine {
+
+CoinPackedMatrix packedMatrix(const Problem& p);
+
+// Bounds with our infinity (1e20) replaced by COIN's (COIN_DBL_MAX): the
+// engines would take 1e20 for a finite bound.
+std::vector<double> coinBounds(const std::vector<double>& bounds);
+
+}  // namespace klo::engine
+
+#endif

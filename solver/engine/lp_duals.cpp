@@ -1,0 +1,69 @@
+#include "engine/lp_duals.h"
+
+#include <cmath>
+#include <limits>
+
+namespace klo::engine {
+namespace {
+
+// The bound a dual of this sign (in the minimisation view) belongs to.
+double pairedBound(double minSenseDual, double lower, double upper, double current) {
+  if (minSenseDual > 0) return lower > -kInfinity ? lower : current;
+  if (minSenseDual < 0) return upper < kInfinity ? upper : current;
+  return 0.0;
+}
+
+// y' applied column by column: z_j = sum_i y_i a_ij.
+std::vector<double> transposeTimes(const Problem& p, const std::vector<double>& y) {
+  std::vector<double> z(p.numCols(), 0.0);
+  const int majors = static_cast<int>(p.start.size()) - 1;
+  for (int k = 0; k < majors; ++k)
+    for (int e = p.start[k]; e < p.start[k + 1]; ++e) {
+      if (p.columnMajor)
+        z[k] += p.value[e] * y[p.index[e]];
+      else
+        z[p.index[e]] += p.value[e] * y[k];
+    }
+  return z;
+}
+
+}  // namespace
+
+double dualObjective(const Problem& p, const Result& r) {
+  double v = p.objConstant;
+  for (int i = 0; i < p.numRows(); ++i) {
+    double b = pairedBound(p.sense * r.duals[i], p.rowLower[i], p.rowUpper[i], r.activities[i]);
+    v += r.duals[i] * b;
+  }
+  for (int j = 0; j < p.numCols(); ++j) {
+    double b = pairedBound(p.sense * r.reducedCosts[j], p.colLower[j], p.colUpper[j], r.x[j]);
+    v += r.reducedCosts[j] * b;
+  }
+  return v;
+}
+
+double farkasMargin(const Problem& p, const std::vector<double>& y) {
+  const double inf = std::numeric_limits<double>::infinity();
+  double required = 0.0;  // least value the rows demand of y'Ax
+  for (int i = 0; i < p.numRows(); ++i) {
+    if (y[i] > 0) required += p.rowLower[i] > -kInfinity ? y[i] * p.rowLower[i] : -inf;
+    if (y[i] < 0) required += p.rowUpper[i] < kInfinity ? y[i] * p.rowUpper[i] : -inf;
+  }
+  const std::vector<double> z = transposeTimes(p, y);
+  double reachable = 0.0;  // most y'Ax can be within the column bounds
+  for (int j = 0; j < p.numCols(); ++j) {
+    if (std::fabs(z[j]) < 1e-12) continue;
+    double b = z[j] > 0 ? p.colUpper[j] : p.colLower[j];
+    reachable += std::fabs(b) < kInfinity ? z[j] * b : inf;
+  }
+  if (std::isinf(required) || std::isinf(reachable)) return -inf;
+  return required - reachable;
+}
+
+void orientFarkasRay(const Problem& p, std::vector<double>& y) {
+  std::vector<double> negated(y);
+  for (double& v : negated) v = -v;
+  if (farkasMargin(p, negated) > farkasMargin(p, y)) y.swap(negated);
+}
+
+}  // namespace klo::engine

@@ -1,0 +1,53 @@
+// The parameters an engine honours, as typed fields (the C layer maps the
+// named parameters onto them), and the log sink engines write to.
+#ifndef KLO_SOLVER_ENGINE_SETTINGS_H
+#define KLO_SOLVER_ENGINE_SETTINGS_H
+
+#include <climits>
+#include <functional>
+#include <string>
+
+namespace klo::engine {
+
+// Receives one line of log text, without the trailing newline.
+using LogSink = std::function<void(const std::string& line)>;
+
+enum class LpMethod { Automatic = -1, Primal = 0, Dual = 1, Barrier = 2 };
+
+struct Settings {
+  // LP
+  LpMethod method = LpMethod::Automatic;  // automatic is dual simplex
+  int presolve = -1;                      // -1 automatic, 0 off, 1 on
+  int maxSimplexIterations = INT_MAX;
+  double primalTolerance = 1e-7;
+  double dualTolerance = 1e-7;
+  int maxBarrierIterations = 500;
+  double ipmPrimalTolerance = 1e-8;
+  double ipmDualTolerance = 1e-8;
+  double ipmGapTolerance = 1e-8;  // accepted; Clp's barrier has a fixed gap rule
+
+  // MIP
+  int maxNodes = INT_MAX;
+  int maxSolutions = INT_MAX;
+  double gapAbs = 1e-6;
+  double gapRel = 1e-4;
+  double cutoff = 1e20;  // in the model's sense; +-1e20: none
+  double integerTolerance = 1e-6;
+  int levelCuts = -1;   // -1 automatic, 0 off .. 3 aggressive
+  int levelHeurs = -1;  // -1 automatic, 0 off .. 3 aggressive
+  int solutionPoolSize = 10;
+
+  // Both
+  double maxTime = 1e20;  // wall-clock seconds
+  int numThreads = -1;    // -1 automatic
+
+  // Log: level 0 silences the engine entirely; 1 gives the usual progress
+  // and summary; higher levels pass more of the engine's own messages.
+  int logLevel = 1;
+  double progressInterval = 1.0;  // seconds between MIP progress lines
+  LogSink log;
+};
+
+}  // namespace klo::engine
+
+#endif

@@ -1,0 +1,60 @@
+// Builds small engine problems row by row for the tests.
+#ifndef KLO_TESTS_ENGINE_PROBLEM_BUILDER_H
+#define KLO_TESTS_ENGINE_PROBLEM_BUILDER_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "engine/engine.h"
+
+namespace klo::engine::test {
+
+constexpr double kInf = 1e20;
+
+class ProblemBuilder {
+ public:
+  explicit ProblemBuilder(int sense = 1) {
+    p_.sense = sense;
+    p_.columnMajor = false;
+  }
+  int col(double obj, double lower, double upper, char type = 'C') {
+    p_.obj.push_back(obj);
+    p_.colLower.push_back(lower);
+    p_.colUpper.push_back(upper);
+    p_.colType.push_back(type);
+    return p_.numCols() - 1;
+  }
+  int row(const std::vector<std::pair<int, double>>& terms, double lower, double upper) {
+    for (const auto& t : terms) {
+      p_.index.push_back(t.first);
+      p_.value.push_back(t.second);
+    }
+    p_.start.push_back(static_cast<int>(p_.index.size()));
+    p_.rowLower.push_back(lower);
+    p_.rowUpper.push_back(upper);
+    return p_.numRows() - 1;
+  }
+  void sos(int type, const std::vector<int>& members, const std::vector<double>& weights) {
+    p_.sos.push_back(SosSet{type, members, weights});
+  }
+  Problem& problem() { return p_; }
+
+ private:
+  Problem p_;
+};
+
+// Settings that keep the engine quiet, with the log collected in lines.
+inline Settings quietSettings(std::vector<std::string>* lines = nullptr) {
+  Settings s;
+  s.logLevel = lines ? 1 : 0;
+  if (lines) s.log = [lines](const std::string& l) { lines->push_back(l); };
+  return s;
+}
+
+// Reads an MPS file (optionally gzipped) with CoinMpsIO into a Problem.
+Problem readMpsProblem(const std::string& path);
+
+}  // namespace klo::engine::test
+
+#endif
