@@ -1,0 +1,127 @@
+#include <sstream>
+#include <utility>
+
+#include "env/check.h"
+#include "env/names.h"
+#include "env/params.h"
+#include "klo_c.h"
+#include "klo_cpp.h"
+
+namespace {
+
+KLOenv* lib(void* env) { return static_cast<KLOenv*>(env); }
+
+void* load(const char* logFile) {
+    KLOenv* env = nullptr;
+    klo_detail::check(KLOloadenv(&env, logFile));
+    return env;
+}
+
+void* create(bool empty) {
+    if (!empty) return load(nullptr);
+    KLOenv* env = nullptr;
+    klo_detail::check(KLOemptyenv(&env));
+    return env;
+}
+
+}  // namespace
+
+KLOEnv::KLOEnv(bool empty)
+    : env_(create(empty)), owned_(true), released_(std::make_shared<bool>(false)) {}
+
+KLOEnv::KLOEnv(const char* logFile)
+    : env_(load(logFile)), owned_(true), released_(std::make_shared<bool>(false)) {}
+
+KLOEnv::KLOEnv(const std::string& logFile) : KLOEnv(logFile.c_str()) {}
+
+KLOEnv::KLOEnv(void* libraryEnvironment, std::shared_ptr<bool> released)
+    : env_(libraryEnvironment), owned_(false), released_(std::move(released)) {}
+
+KLOEnv::KLOEnv(KLOEnv&& other) noexcept
+    : env_(other.env_), owned_(other.owned_), released_(other.released_) {
+    other.owned_ = false;
+}
+
+KLOEnv& KLOEnv::operator=(const KLOEnv& other) {
+    env_ = other.env_;
+    return *this;
+}
+
+KLOEnv::~KLOEnv() {
+    if (owned_) KLOfreeenv(lib(env_));
+}
+
+void* KLOEnv::live() const {
+    if (*released_)
+        throw KLOException("Environment associated model has been released.", -100000);
+    return env_;
+}
+
+void KLOEnv::start() { klo_detail::check(KLOstartenv(lib(live()))); }
+
+void KLOEnv::message(const std::string& text) { KLOmsg(lib(live()), text.c_str()); }
+
+int KLOEnv::get(KLO_IntParam param) const { return klo_detail::getParam(live(), param); }
+
+double KLOEnv::get(KLO_DoubleParam param) const { return klo_detail::getParam(live(), param); }
+
+std::string KLOEnv::get(KLO_StringParam param) const {
+    return klo_detail::getParam(live(), param);
+}
+
+void KLOEnv::set(KLO_IntParam param, int value) { klo_detail::setParam(live(), param, value); }
+
+void KLOEnv::set(KLO_DoubleParam param, double value) {
+    klo_detail::setParam(live(), param, value);
+}
+
+void KLOEnv::set(KLO_StringParam param, const std::string& value) {
+    klo_detail::setParam(live(), param, value);
+}
+
+void KLOEnv::set(const std::string& name, const std::string& value) {
+    void* env = live();
+    std::stringstream text;
+    text << value;
+    int asInt = 0;
+    text >> asInt;
+    if (klo_detail::trySetInt(env, name, asInt)) return;
+    // Start over on the same stream; a failed integer read leaves it failed,
+    // so a text without a leading number reaches the library as 0.0.
+    text.seekg(0);
+    if (text) text.seekp(0);
+    text << value;
+    double asDouble = 0.0;
+    text >> asDouble;
+    if (klo_detail::trySetDouble(env, name, asDouble)) return;
+    klo_detail::setString(env, name, value);
+}
+
+void KLOEnv::getParamInfo(KLO_IntParam param, int* value, int* min, int* max, int* def) const {
+    klo_detail::check(KLOgetintparaminfo(lib(live()), klo_detail::name(param), value, min, max, def));
+}
+
+void KLOEnv::getParamInfo(KLO_DoubleParam param, double* value, double* min, double* max,
+                          double* def) const {
+    klo_detail::check(KLOgetdblparaminfo(lib(live()), klo_detail::name(param), value, min, max, def));
+}
+
+void KLOEnv::getParamInfo(KLO_StringParam param, std::string& value, std::string& def) const {
+    char current[klo_detail::kStringBuffer] = {};
+    char initial[klo_detail::kStringBuffer] = {};
+    klo_detail::check(KLOgetstrparaminfo(lib(live()), klo_detail::name(param), current, initial));
+    value = current;
+    def = initial;
+}
+
+void KLOEnv::resetParams() { KLOresetparams(lib(live())); }
+
+void KLOEnv::writeParams(const std::string& file) {
+    klo_detail::check(KLOwriteparams(lib(live()), file.c_str()));
+}
+
+void KLOEnv::readParams(const std::string& file) {
+    klo_detail::check(KLOreadparams(lib(live()), file.c_str()));
+}
+
+std::string KLOEnv::getErrorMsg() const { return KLOgeterrormsg(lib(live())); }
