@@ -56,7 +56,6 @@ std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, doubl
   add(a, "timeMode", "elapsed");
   addLimits(a, p, s, timeLeft);
   add(a, "integerTolerance", formatNumber(s.integerTolerance));
-  add(a, "maxSavedSolutions", std::to_string(s.solutionPoolSize));
   addCuts(a, s.levelCuts);
   addHeuristics(a, s.levelHeurs);
   if (withCallback)

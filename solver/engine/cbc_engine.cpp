@@ -16,8 +16,10 @@
 //  - Cut generators and incumbents see the preprocessed columns, so with a
 //    user callback preprocessing is off and the search runs on one thread.
 //  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting.
-//  - Saved solutions come back through postprocessing in the original
-//    columns, best first: they are the solution pool.
+//  - Cbc's saved solutions ("-maxSavedSolutions") overrun a buffer when
+//    preprocessing removed columns (seen with AddressSanitizer), so the pool
+//    is kept by our event handler instead, from every incumbent mapped back
+//    through postProcessedSolver(1).
 //  - A MIP start is matched by column name, so columns get names.
 //  - 1e20 is a finite bound to Clp underneath: bounds go in as COIN_DBL_MAX.
 #include <CbcModel.hpp>
@@ -148,7 +150,7 @@ class CbcRun {
       r_.x.assign(best, best + n);
       r_.objective = objectiveOf(p_, best);
       r_.activities = rowActivities(p_, best);
-      readPool(m);
+      readPool();
     }
     r_.status = status(m);
     r_.nodeCount = m.getNodeCount();
@@ -173,12 +175,13 @@ class CbcRun {
     r_.gapRel = r_.gapAbs / std::max(1e-10, std::fabs(r_.objective));
   }
 
-  void readPool(const CbcModel& m) {
-    const int n = p_.numCols();
+  // The final solution, then the earlier incumbents, best first.
+  void readPool() {
     r_.pool.push_back(PoolSolution{r_.objective, r_.x});
-    for (int k = 1; k < m.numberSavedSolutions() && static_cast<int>(r_.pool.size()) < s_.solutionPoolSize; ++k) {
-      const double* x = m.savedSolution(k);
-      if (x) r_.pool.push_back(PoolSolution{objectiveOf(p_, x), std::vector<double>(x, x + n)});
+    const auto& found = state_.incumbents;
+    for (auto it = found.rbegin(); it != found.rend(); ++it) {
+      if (static_cast<int>(r_.pool.size()) >= s_.solutionPoolSize) break;
+      if (it->x != r_.x) r_.pool.push_back(*it);
     }
   }
 

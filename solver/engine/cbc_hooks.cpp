@@ -149,11 +149,27 @@ CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
              model_->getSolutionCount() > s.solutionsSeen) {
     s.solutionsSeen = model_->getSolutionCount();
     s.observe(*model_);
-    s.ctx.solution = model_->bestSolution();
-    s.call(KLO_CB_MIPSOL);
+    std::vector<double> x = originalIncumbent();
+    if (!x.empty()) {
+      s.incumbents.push_back(PoolSolution{objectiveOf(s.problem, x.data()), x});
+      s.ctx.solution = s.incumbents.back().x.data();
+      s.call(KLO_CB_MIPSOL);
+    }
     s.progress(false, true);
   }
   return s.stopRequested ? stop : noAction;
+}
+
+std::vector<double> SearchEvents::originalIncumbent() const {
+  const int n = state_->problem.numCols();
+  const double* x = model_->bestSolution();
+  if (model_->preProcess()) {
+    const OsiSolverInterface* original = model_->postProcessedSolver(1);
+    x = original && original->getNumCols() == n ? original->getColSolution() : nullptr;
+  } else if (model_->solver()->getNumCols() != n) {
+    x = nullptr;
+  }
+  return x ? std::vector<double>(x, x + n) : std::vector<double>();
 }
 
 void NodeCallbackCuts::generateCuts(const OsiSolverInterface& si, OsiCuts& cs,

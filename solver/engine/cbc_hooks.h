@@ -15,6 +15,7 @@
 
 #include "engine/callback_context.h"
 #include "engine/problem.h"
+#include "engine/result.h"
 #include "engine/settings.h"
 
 namespace klo::engine {
@@ -51,6 +52,9 @@ class SearchState : public CallbackActions {
   bool stopRequested = false;
   int solutionsSeen = 0;
   std::vector<Proposal> proposals;  // accepted, waiting for the heuristic
+  // Incumbents in the original columns, in the order found (each better
+  // than the one before); the solution pool comes from them.
+  std::vector<PoolSolution> incumbents;
   OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
 
  private:
@@ -67,6 +71,8 @@ class SearchEvents : public CbcEventHandler {
   CbcEventHandler* clone() const override { return new SearchEvents(*this); }
 
  private:
+  // The incumbent in the original columns (empty when it cannot be mapped).
+  std::vector<double> originalIncumbent() const;
   SearchState* state_;
 };
 

@@ -1,0 +1,65 @@
+// Every shared instance, read with CoinMpsIO into a Problem and solved by
+// the engine its kind calls for, to the optimal objective of index.csv.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "engine/problem_eval.h"
+#include "klo_c.h"
+#include "problem_builder.h"
+
+namespace klo::engine::test {
+namespace {
+
+struct Instance {
+  std::string name, kind, file;
+  double objective = 0.0;
+};
+
+std::vector<Instance> readIndex() {
+  std::vector<Instance> out;
+  std::ifstream in(std::string(KLO_INSTANCES_DIR) + "/index.csv");
+  std::string line;
+  std::getline(in, line);  // header: name,kind,file,rows,cols,integers,objective
+  while (std::getline(in, line)) {
+    std::stringstream ss(line);
+    std::vector<std::string> f;
+    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
+    if (f.size() == 7) out.push_back(Instance{f[0], f[1], f[2], std::stod(f[6])});
+  }
+  return out;
+}
+
+class InstanceSolve : public ::testing::TestWithParam<Instance> {};
+
+TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
+  const Instance& inst = GetParam();
+  Problem p = readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + inst.file);
+  ASSERT_EQ(p.isMip(), inst.kind == "MIP");
+  Settings s = quietSettings();
+  Result r = engineFor(p)->solve(p, s, {});
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  ASSERT_TRUE(r.hasSolution);
+  EXPECT_LE(maxViolation(p, r.x.data(), true), 1e-6);
+  const double scale = std::max(1.0, std::fabs(inst.objective));
+  if (inst.kind == "LP") {
+    EXPECT_NEAR(r.objective, inst.objective, 1e-6 * scale);
+    EXPECT_NEAR(r.dualObjective, r.objective, 1e-6 * scale);
+  } else {
+    // Within the gap tolerances the search stops at (index.csv rounds some
+    // optima to a few digits, hence the absolute term).
+    const double allowed = std::max(s.gapAbs, s.gapRel * std::fabs(r.objective)) + 1e-6 * scale;
+    EXPECT_NEAR(r.objective, inst.objective, allowed);
+    EXPECT_LE(std::fabs(r.objective - r.dualObjective), allowed);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shared, InstanceSolve, ::testing::ValuesIn(readIndex()),
+                         [](const ::testing::TestParamInfo<Instance>& info) {
+                           return "i" + info.param.name;
+                         });
+
+}  // namespace
+}  // namespace klo::engine::test
