@@ -1,0 +1,53 @@
+// Identity records behind handles: which record type and removed-element
+// code belong to each handle class, and the checked way to reach a record.
+#pragma once
+
+#include "klo_cpp.h"
+#include "model/access.h"
+
+namespace klo_detail {
+
+template <class H>
+struct HandleTraits;
+
+#define KLO_HANDLE_TRAITS(Handle, Record, Code) \
+    template <>                                 \
+    struct HandleTraits<Handle> {               \
+        using ID = Record;                      \
+        static constexpr const char* name = #Handle; \
+        static constexpr int removedCode = Code; \
+    }
+
+KLO_HANDLE_TRAITS(KLOVar, KLOVarID, -2003);
+KLO_HANDLE_TRAITS(KLOPsdVar, KLOPsdVarID, -2003);
+KLO_HANDLE_TRAITS(KLOConstr, KLOConstrID, -2002);
+KLO_HANDLE_TRAITS(KLOQConstr, KLOQConstrID, -2002);
+KLO_HANDLE_TRAITS(KLOPsdConstr, KLOPsdConstrID, -2002);
+KLO_HANDLE_TRAITS(KLOGenConstr, KLOGenConstrID, -2002);
+KLO_HANDLE_TRAITS(KLOSOS, KLOSOSID, -2002);
+
+#undef KLO_HANDLE_TRAITS
+
+// Raised for any use of a default-constructed handle.
+[[noreturn]] void emptyHandle(const char* handleClass, int code);
+
+template <class H>
+typename HandleTraits<H>::ID& record(const H& h) {
+    const auto& id = Access::id(h);
+    if (!id) emptyHandle(HandleTraits<H>::name, HandleTraits<H>::removedCode);
+    return *id;
+}
+
+// A handle over a fresh record: the only way records come to exist.
+template <class H>
+H newHandle(void* model, int index) {
+    return Access::make<H, typename HandleTraits<H>::ID>(model, index);
+}
+
+// Moves a handle to a new index (renumbering and removal).
+template <class H>
+void renumber(const H& h, int index) {
+    record(h).index = index;
+}
+
+}  // namespace klo_detail
