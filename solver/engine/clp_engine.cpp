@@ -28,12 +28,14 @@
 #include <ClpInterior.hpp>
 #include <ClpPresolve.hpp>
 #include <ClpSimplex.hpp>
+#include <CoinError.hpp>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <memory>
 
+#include "common/error.h"
 #include "engine/clp_basis.h"
 #include "engine/coin_problem.h"
 #include "engine/engine.h"
@@ -118,7 +120,8 @@ class ClpRun {
   Outcome solve(ClpSimplex& model) {
     if (s_.method == LpMethod::Barrier) return barrier(model);
     model.setMaximumWallSeconds(timeLeft());
-    if (s_.method == LpMethod::Primal)
+    lastPrimal_ = s_.method == LpMethod::Primal;
+    if (lastPrimal_)
       model.primal();
     else
       model.dual();
@@ -147,6 +150,7 @@ class ClpRun {
     // Crossover to a basic solution (also settles infeasible and unbounded).
     model.createStatus();
     model.setMaximumWallSeconds(timeLeft());
+    lastPrimal_ = true;
     model.primal(1);
     r_.simplexIterations += model.numberIterations();
     return Outcome{model.status(), model.secondaryStatus(), true};
@@ -175,6 +179,7 @@ class ClpRun {
   // postsolved basis repairs both, usually in no iterations.
   Outcome cleanUp() {
     m_.setMaximumWallSeconds(timeLeft());
+    lastPrimal_ = true;
     m_.primal(1);
     r_.simplexIterations += m_.numberIterations();
     return Outcome{m_.status(), m_.secondaryStatus(), true};
@@ -188,14 +193,18 @@ class ClpRun {
       if (o.status == 2 && takePrimalRay()) return o;
       if (o.status != 1 && o.status != 2) return o;
       m_.setMaximumWallSeconds(timeLeft());
-      if (o.status == 1) m_.dual(); else m_.primal();
+      lastPrimal_ = o.status == 2;
+      if (lastPrimal_) m_.primal(); else m_.dual();
       r_.simplexIterations += m_.numberIterations();
       o = Outcome{m_.status(), m_.secondaryStatus(), true};
     }
     return o;
   }
 
+  // A ray counts only from the algorithm that proves its status: an
+  // "unbounded" from dual simplex is no proof.
   bool takeDualRay() {
+    if (lastPrimal_) return false;
     std::unique_ptr<double[]> ray(m_.infeasibilityRay());
     if (!ray) return false;
     r_.dualRay.assign(ray.get(), ray.get() + p_.numRows());
@@ -204,6 +213,7 @@ class ClpRun {
   }
 
   bool takePrimalRay() {
+    if (!lastPrimal_) return false;
     std::unique_ptr<double[]> ray(m_.unboundedRay());
     if (!ray) return false;
     r_.primalRay.assign(ray.get(), ray.get() + p_.numCols());
@@ -264,6 +274,7 @@ class ClpRun {
   Result r_;
   CallbackContext ctx_;
   bool stopped_ = false;
+  bool lastPrimal_ = false;  // the last algorithm run was primal simplex
   Clock::time_point started_ = Clock::now();
 };
 
@@ -272,7 +283,11 @@ class ClpEngine : public Engine {
   const char* name() const override { return "Clp"; }
   Result solve(const Problem& problem, const Settings& settings, const Callback& cb) override {
     checkProblem(problem);
-    return ClpRun(problem, settings, cb).run();
+    try {
+      return ClpRun(problem, settings, cb).run();
+    } catch (const CoinError& e) {
+      fail(KLO_ERROR_INTERNAL, "Clp: " + e.message() + " in " + e.methodName());
+    }
   }
 };
 
