@@ -1,0 +1,45 @@
+// Columns: (coefficient, constraint) terms of a variable to be added.
+#include <utility>
+
+#include "env/check.h"
+#include "klo_cpp.h"
+#include "model/access.h"
+
+int KLOColumn::size() const { return static_cast<int>(coeffs_.size()); }
+
+KLOConstr KLOColumn::getConstr(int i) const { return constrs_[static_cast<std::size_t>(i)]; }
+
+double KLOColumn::getCoeff(int i) const { return coeffs_[static_cast<std::size_t>(i)]; }
+
+void KLOColumn::addTerm(double coeff, KLOConstr constr) {
+    coeffs_.push_back(coeff);
+    constrs_.push_back(std::move(constr));
+}
+
+void KLOColumn::addTerms(const double* coeffs, const KLOConstr* constrs, int count) {
+    for (int i = 0; i < count; ++i) addTerm(coeffs[i], constrs[i]);
+}
+
+void KLOColumn::remove(int i) {
+    if (i < 0 || i >= static_cast<int>(constrs_.size())) klo_detail::raise(-3);
+    coeffs_.erase(coeffs_.begin() + i);
+    constrs_.erase(constrs_.begin() + i);
+}
+
+void KLOColumn::remove(KLOConstr c) {
+    const auto& target = klo_detail::Access::id(c);
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < coeffs_.size(); ++i) {
+        if (klo_detail::Access::id(constrs_[i]) == target) continue;
+        coeffs_[kept] = coeffs_[i];
+        constrs_[kept] = constrs_[i];
+        ++kept;
+    }
+    coeffs_.resize(kept);
+    constrs_.resize(kept);
+}
+
+void KLOColumn::clear() {
+    coeffs_.clear();
+    constrs_.clear();
+}

@@ -1,0 +1,123 @@
+// Linear expressions: a constant and (coefficient, variable) terms over
+// copy-on-write storage.
+#include "klo_cpp.h"
+#include "model/access.h"
+
+KLOLinExpr::KLOLinExpr(double constant)
+    : constant_(constant),
+      coeffs_(std::make_unique<Vec<double>>()),
+      vars_(std::make_unique<Vec<KLOVar>>()) {}
+
+KLOLinExpr::KLOLinExpr(KLOVar var, double coeff) : KLOLinExpr(0.0) {
+    coeffs_->push_back(coeff);
+    vars_->push_back(var);
+}
+
+KLOLinExpr::KLOLinExpr(const KLOLinExpr& e)
+    : constant_(e.constant_),
+      coeffs_(std::make_unique<Vec<double>>(*e.coeffs_)),
+      vars_(std::make_unique<Vec<KLOVar>>(*e.vars_)) {}
+
+KLOLinExpr::~KLOLinExpr() = default;
+
+KLOLinExpr& KLOLinExpr::operator=(const KLOLinExpr& e) {
+    constant_ = e.constant_;
+    *coeffs_ = *e.coeffs_;
+    *vars_ = *e.vars_;
+    return *this;
+}
+
+int KLOLinExpr::size() const { return coeffs_->size(); }
+
+KLOVar KLOLinExpr::getVar(int i) const { return (*vars_)[i]; }
+
+double KLOLinExpr::getCoeff(int i) const { return (*coeffs_)[i]; }
+
+double KLOLinExpr::getConstant() const { return constant_; }
+
+void KLOLinExpr::addConstant(double c) { constant_ += c; }
+
+double KLOLinExpr::getValue() const {
+    double value = constant_;
+    for (int i = 0; i < size(); ++i) value += (*coeffs_)[i] * (*vars_)[i].get(KLO_DoubleAttr_X);
+    return value;
+}
+
+void KLOLinExpr::addTerms(const double* coeffs, const KLOVar* vars, int count) {
+    for (int i = 0; i < count; ++i) {
+        if (coeffs[i] == 0.0) continue;
+        coeffs_->push_back(coeffs[i]);
+        vars_->push_back(vars[i]);
+    }
+}
+
+void KLOLinExpr::append(const KLOLinExpr& e, double sign) {
+    if (&e == this) {
+        // Appending to itself would chase its own end: work from a snapshot.
+        const KLOLinExpr snapshot(e);
+        append(snapshot, sign);
+        return;
+    }
+    constant_ += sign * e.constant_;
+    for (int i = 0; i < e.size(); ++i) {
+        coeffs_->push_back(sign * (*e.coeffs_)[i]);
+        vars_->push_back((*e.vars_)[i]);
+    }
+}
+
+void KLOLinExpr::operator+=(const KLOLinExpr& e) { append(e, 1.0); }
+
+void KLOLinExpr::operator-=(const KLOLinExpr& e) { append(e, -1.0); }
+
+void KLOLinExpr::operator*=(double d) {
+    constant_ *= d;
+    coeffs_->copyOnWrite();
+    for (double& c : *coeffs_->vec) c *= d;
+}
+
+void KLOLinExpr::operator/=(double d) {
+    constant_ /= d;
+    coeffs_->copyOnWrite();
+    for (double& c : *coeffs_->vec) c /= d;
+}
+
+KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) const {
+    KLOLinExpr sum(*this);
+    sum += e;
+    return sum;
+}
+
+KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) const {
+    KLOLinExpr difference(*this);
+    difference -= e;
+    return difference;
+}
+
+void KLOLinExpr::remove(int i) {
+    vars_->remove(i);
+    coeffs_->remove(i);
+}
+
+void KLOLinExpr::remove(KLOVar v) {
+    coeffs_->copyOnWrite();
+    vars_->copyOnWrite();
+    std::vector<double>& coeffs = *coeffs_->vec;
+    std::vector<KLOVar>& vars = *vars_->vec;
+    const auto& target = klo_detail::Access::id(v);
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < coeffs.size(); ++i) {
+        if (klo_detail::Access::id(vars[i]) == target) continue;
+        coeffs[kept] = coeffs[i];
+        vars[kept] = vars[i];
+        ++kept;
+    }
+    coeffs.resize(kept);
+    vars.resize(kept);
+    coeffs_->n = vars_->n = static_cast<std::int32_t>(kept);
+}
+
+void KLOLinExpr::clear() {
+    constant_ = 0.0;
+    coeffs_->clear();
+    vars_->clear();
+}
