@@ -1,0 +1,217 @@
+// MIPs with Cbc: small models worked out by hand, SOS sets, limits that
+// stop with a solution, cutoff, MIP start and the solution pool.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "engine/problem_eval.h"
+#include "klo_c.h"
+#include "problem_builder.h"
+
+namespace klo::engine::test {
+namespace {
+
+Result solveMip(Problem& p, const Settings& s = quietSettings()) {
+  return makeCbcEngine()->solve(p, s, {});
+}
+
+// max 10a + 13b + 7c + 8d + 4e  s.t.  3a + 4b + 2c + 3d + e <= 7, binary.
+// The pairs and triples that fit: a+b 23, b+d 21, a+d+e 22, a+c+e 21,
+// b+c+e 24 (weight 7), c+d+e 19 -> optimum b, c, e with 24.
+Problem knapsack() {
+  ProblemBuilder b(KLO_MAXIMIZE);
+  const double value[] = {10, 13, 7, 8, 4}, weight[] = {3, 4, 2, 3, 1};
+  std::vector<std::pair<int, double>> row;
+  for (int k = 0; k < 5; ++k) row.emplace_back(b.col(value[k], 0, 1, 'B'), weight[k]);
+  b.row(row, -kInf, 7);
+  return b.problem();
+}
+
+TEST(Mip, KnapsackMaximised) {
+  Problem p = knapsack();
+  Result r = solveMip(p);
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, 24, 1e-9);
+  EXPECT_NEAR(r.dualObjective, 24, 1e-6);  // the bound, in the model's sense
+  EXPECT_NEAR(r.gapAbs, 0, 1e-6);
+  const std::vector<double> want{0, 1, 1, 0, 1};
+  for (int j = 0; j < 5; ++j) EXPECT_NEAR(r.x[j], want[j], 1e-9);
+  EXPECT_NEAR(r.activities[0], 7, 1e-9);
+  ASSERT_FALSE(r.pool.empty());
+  EXPECT_EQ(r.pool[0].x, r.x);
+}
+
+// Binary bounds are clipped to [0, 1] even when given wider.
+TEST(Mip, BinaryBoundsAreClipped) {
+  Problem p = knapsack();
+  for (double& u : p.colUpper) u = 5;
+  Result r = solveMip(p);
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, 24, 1e-9);
+}
+
+// The objective constant shifts objective and bound alike.
+TEST(Mip, ObjectiveConstantIsIncluded) {
+  Problem p = knapsack();
+  p.objConstant = 100;
+  Result r = solveMip(p);
+  EXPECT_NEAR(r.objective, 124, 1e-9);
+  EXPECT_NEAR(r.dualObjective, 124, 1e-6);
+}
+
+// max x0 + 2 x1 + 3 x2,  x0 + x1 + x2 <= 2,  0 <= x <= 1 continuous.
+// Without the set: x1 = x2 = 1, objective 5.  SOS1 {x0, x1, x2} allows
+// one non-zero member: x2 = 1, objective 3.
+TEST(Mip, Sos1AllowsOneNonZero) {
+  ProblemBuilder b(KLO_MAXIMIZE);
+  int x0 = b.col(1, 0, 1), x1 = b.col(2, 0, 1), x2 = b.col(3, 0, 1);
+  b.row({{x0, 1}, {x1, 1}, {x2, 1}}, -kInf, 2);
+  EXPECT_NEAR(makeClpEngine()->solve(b.problem(), quietSettings(), {}).objective, 5, 1e-9);
+  b.sos(1, {x0, x1, x2}, {1, 2, 3});
+  Result r = solveMip(b.problem());
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, 3, 1e-9);
+  EXPECT_NEAR(r.x[2], 1, 1e-9);
+}
+
+// Piecewise-linear y = f(x) with breakpoints x = 0, 1, 2, 3 and
+// f = 0, 3, 1, 4, through weights l0..l3 (sum 1), under x <= 1.5:
+// max y = 3 l1 + l2 + 4 l3,  l1 + 2 l2 + 3 l3 <= 1.5.
+// The LP mixes l1 = 0.75, l3 = 0.25 for 3.25; SOS2 allows only neighbours:
+// on [1, 2] y = 3 - 2 l2 with l2 <= 0.5, on [0, 1] y = 3 l1 <= 3, [2, 3]
+// is out of reach -> 3 at l1 = 1.
+TEST(Mip, Sos2AllowsTwoNeighbours) {
+  ProblemBuilder b(KLO_MAXIMIZE);
+  int l0 = b.col(0, 0, 1), l1 = b.col(3, 0, 1), l2 = b.col(1, 0, 1), l3 = b.col(4, 0, 1);
+  b.row({{l0, 1}, {l1, 1}, {l2, 1}, {l3, 1}}, 1, 1);
+  b.row({{l1, 1}, {l2, 2}, {l3, 3}}, -kInf, 1.5);
+  EXPECT_NEAR(makeClpEngine()->solve(b.problem(), quietSettings(), {}).objective, 3.25, 1e-9);
+  b.sos(2, {l0, l1, l2, l3}, {1, 2, 3, 4});
+  Result r = solveMip(b.problem());
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, 3, 1e-7);
+  EXPECT_NEAR(r.x[1], 1, 1e-7);
+}
+
+// x + y >= 0.5 and x + y <= 0.7 with x, y integer: no integer point.
+TEST(Mip, InfeasibleAndUnboundedStatuses) {
+  ProblemBuilder inf;
+  int x = inf.col(1, 0, 10, 'I'), y = inf.col(1, 0, 10, 'I');
+  inf.row({{x, 1}, {y, 1}}, 0.5, 0.7);
+  Result r = solveMip(inf.problem());
+  EXPECT_EQ(r.status, KLO_STATUS_INFEASIBLE);
+  EXPECT_FALSE(r.hasSolution);
+
+  // max x + y with x - y <= 1, integers without upper bounds.
+  ProblemBuilder unb(KLO_MAXIMIZE);
+  x = unb.col(1, 0, kInf, 'I');
+  y = unb.col(1, 0, kInf, 'I');
+  unb.row({{x, 1}, {y, -1}}, -kInf, 1);
+  r = solveMip(unb.problem());
+  EXPECT_TRUE(r.status == KLO_STATUS_UNBOUNDED || r.status == KLO_STATUS_INF_OR_UNBD) << r.status;
+}
+
+Problem instance(const char* name) {
+  return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + name + ".mps.gz");
+}
+
+// stein27 needs hundreds of nodes; each limit stops it early with its own
+// status and a feasible incumbent still readable.
+TEST(Mip, LimitsStopWithTheBestSolutionSoFar) {
+  struct Case {
+    const char* what;
+    void (*set)(Settings&);
+    int status;
+  };
+  const Case cases[] = {
+      {"nodes", [](Settings& s) { s.maxNodes = 10; }, KLO_STATUS_NODE_LIMIT},
+      {"solutions", [](Settings& s) { s.maxSolutions = 1; }, KLO_STATUS_SOLUTION_LIMIT},
+      {"time", [](Settings& s) { s.maxTime = 0.3; }, KLO_STATUS_TIME_LIMIT},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    Problem p = instance("stein27");
+    Settings s = quietSettings();
+    c.set(s);
+    Result r = solveMip(p, s);
+    EXPECT_EQ(r.status, c.status);
+    ASSERT_TRUE(r.hasSolution);
+    EXPECT_LE(maxViolation(p, r.x.data(), true), 1e-6);
+    EXPECT_GE(r.objective, 18 - 1e-9);          // no better than the optimum
+    EXPECT_LE(r.dualObjective, r.objective + 1e-9);  // a valid lower bound
+    EXPECT_NEAR(r.gapAbs, r.objective - r.dualObjective, 1e-9);
+  }
+}
+
+TEST(Mip, NodeLimitIsRespected) {
+  Problem p = instance("stein27");
+  Settings s = quietSettings();
+  s.maxNodes = 10;
+  Result r = solveMip(p, s);
+  EXPECT_LE(r.nodeCount, 12);
+}
+
+// A generous relative gap stops at the root with status optimal: within
+// the tolerance, as the status promises.
+TEST(Mip, GapLimitCountsAsOptimal) {
+  Problem p = instance("stein27");
+  Settings s = quietSettings();
+  s.gapRel = 0.5;
+  Result r = solveMip(p, s);
+  EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_LE(r.gapRel, 0.5 + 1e-9);
+  EXPECT_LT(r.nodeCount, 100);
+}
+
+// The knapsack's optimum is 24: a cutoff of 30 (maximising: nothing below
+// 30 counts) leaves no solution; a cutoff of 20 keeps the optimum.
+TEST(Mip, CutoffInTheModelsSense) {
+  Problem p = knapsack();
+  Settings s = quietSettings();
+  s.cutoff = 30;
+  Result r = solveMip(p, s);
+  EXPECT_EQ(r.status, KLO_STATUS_CUTOFF);
+  EXPECT_FALSE(r.hasSolution);
+  s.cutoff = 20;
+  r = solveMip(p, s);
+  EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, 24, 1e-9);
+}
+
+// With search and heuristics off and no nodes allowed, only the start can
+// provide a solution.  A partial start (a, b given) is completed.
+TEST(Mip, StartIsUsed) {
+  Problem p = knapsack();
+  Settings s = quietSettings();
+  s.maxNodes = 0;
+  s.levelHeurs = 0;
+  s.levelCuts = 0;
+  Problem without = p;
+  EXPECT_FALSE(solveMip(without, s).hasSolution);
+  p.startValues = {1, 1, kUndefined, kUndefined, kUndefined};  // a + b: 23
+  Result r = solveMip(p, s);
+  ASSERT_TRUE(r.hasSolution);
+  EXPECT_GE(r.objective, 23 - 1e-9);
+}
+
+// The pool holds distinct feasible solutions, best first, the first being x.
+TEST(Mip, PoolHoldsEarlierIncumbentsBestFirst) {
+  Problem p = instance("qnet1");
+  Settings s = quietSettings();
+  s.solutionPoolSize = 3;
+  Result r = solveMip(p, s);
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  ASSERT_GE(r.pool.size(), 2u);
+  EXPECT_LE(r.pool.size(), 3u);
+  EXPECT_EQ(r.pool[0].x, r.x);
+  for (size_t k = 0; k < r.pool.size(); ++k) {
+    EXPECT_LE(maxViolation(p, r.pool[k].x.data(), true), 1e-6) << k;
+    EXPECT_NEAR(r.pool[k].objective, objectiveOf(p, r.pool[k].x.data()), 1e-6) << k;
+    if (k > 0) {
+      EXPECT_GE(r.pool[k].objective, r.pool[k - 1].objective - 1e-9) << k;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace klo::engine::test
