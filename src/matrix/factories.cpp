@@ -9,14 +9,15 @@ namespace {
 // Fills positions for compressed groups: group g holds entries
 // start[g] .. (g == lastGroup ? nnz : start[g + 1]) - 1, and entry k of a
 // group goes to position(g, k).  Positions are written at a running
-// counter, independently of k.
+// counter, independently of k; groups that overlap (possible through the
+// last-group rule) never write past the nnz positions.
 template <class Position>
 void fillGroups(int* out, int groups, int lastGroup, int nnz, const int* start,
                 Position position) {
     int next = 0;
     for (int g = 0; g < groups; ++g) {
         const int end = g == lastGroup ? nnz : start[g + 1];
-        for (int k = start[g]; k < end; ++k) out[next++] = position(g, k);
+        for (int k = start[g]; k < end && next < nnz; ++k) out[next++] = position(g, k);
     }
 }
 
