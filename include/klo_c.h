@@ -626,7 +626,8 @@ int KLOdelpsdvars(KLOmodel *model, int numdel, const int *ind);
 
 /** Adds the row  lower <= sum cval x[cind] + sum_k <M_k, X[psdvar[k]]> <= upper.
  *  Matrix k (dimension of its PSD variable) holds the entries mbeg[k] ..
- *  mbeg[k+1]-1 of mind (flattened positions) and mval. */
+ *  mbeg[k+1]-1 of mind (flattened positions) and mval.  mbeg has numpsd + 1
+ *  entries: mbeg[numpsd] is the total number of matrix entries. */
 int KLOaddrangepsdconstr(KLOmodel *model, int numnz, const int *cind, const double *cval,
                          int numpsd, const int *psdvar, const int *mbeg, const int *mind,
                          const double *mval, double lower, double upper,

@@ -52,6 +52,40 @@ class EnvTest : public ::testing::Test {
   KLOenv* env = nullptr;
 };
 
+// EnvTest with an empty model.
+class ModelTest : public EnvTest {
+ protected:
+  void SetUp() override {
+    EnvTest::SetUp();
+    ASSERT_EQ(KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr), KLO_OK);
+  }
+  void TearDown() override {
+    KLOfreemodel(model);
+    EnvTest::TearDown();
+  }
+  // The last error of the model's environment.
+  std::string modelError() const { return KLOgeterrormsg(KLOgetenv(model)); }
+  int intAttr(const char* name) const {
+    int v = -12345;
+    EXPECT_EQ(KLOgetintattr(model, name, &v), KLO_OK) << name;
+    return v;
+  }
+  double dblAt(const char* name, int element) const {
+    double v = -12345;
+    EXPECT_EQ(KLOgetdblattrelement(model, name, element, &v), KLO_OK) << name;
+    return v;
+  }
+  // Adds n continuous variables x0 .. x(n-1) with bounds [0, 10].
+  void addVars(int n) {
+    for (int j = 0; j < n; ++j) {
+      std::string name = "x" + std::to_string(j);
+      ASSERT_EQ(KLOaddvar(model, 0, nullptr, nullptr, 0.0, 0.0, 10.0, 'C', name.c_str()), KLO_OK);
+    }
+  }
+
+  KLOmodel* model = nullptr;
+};
+
 }  // namespace klotest
 
 #endif

@@ -1,0 +1,90 @@
+// Attributes of single variables.
+#include "attr/attr_helpers.h"
+#include "common/error.h"
+#include "store/checks.h"
+#include "store/edit.h"
+
+namespace klo {
+namespace {
+
+constexpr AttrType D = AttrType::Double;
+constexpr Level V = Level::Var;
+
+const std::vector<int>* colBasis(const KLOmodel& m) {
+  if (!m.data.colBasis.empty()) return &m.data.colBasis;
+  if (m.results.solved && !m.results.solve.colBasis.empty()) return &m.results.solve.colBasis;
+  return nullptr;
+}
+
+void checkType(const KLOmodel&, int, double v) { checkVarType(static_cast<char>(v)); }
+
+}  // namespace
+
+void addVarAttrs(std::vector<AttrDef>& out) {
+  auto iis = [](const KLOmodel& m, int j) {
+    if (m.results.iisCol.empty())
+      fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
+    return double(m.results.iisCol[j]);
+  };
+  out.push_back(numAttr("IISVar", AttrType::Int, V, iis));
+  out.push_back(numAttr("IISCol", AttrType::Int, V, iis));
+  out.push_back(numAttr(
+      "ColBasis", AttrType::Int, V,
+      [](const KLOmodel& m, int j) {
+        const std::vector<int>* b = colBasis(m);
+        if (!b) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No basis is known for the variables");
+        return double((*b)[j]);
+      },
+      checkBasisStatus,
+      [](KLOmodel& m, int j, double v) {
+        if (m.data.colBasis.empty()) {
+          const std::vector<int>* b = colBasis(m);
+          m.data.colBasis = b ? *b : std::vector<int>(m.data.numVars(), KLO_BASIS_LOWER);
+        }
+        m.data.colBasis[j] = static_cast<int>(v);
+      },
+      true));
+
+  out.push_back(numAttr(
+      "LB", D, V, [](const KLOmodel& m, int j) { return m.data.lb[j]; }, checkNotNaN,
+      [](KLOmodel& m, int j, double v) { setVarBound(m.data, j, false, v); }));
+  out.push_back(numAttr(
+      "UB", D, V, [](const KLOmodel& m, int j) { return m.data.ub[j]; }, checkNotNaN,
+      [](KLOmodel& m, int j, double v) { setVarBound(m.data, j, true, v); }));
+  out.push_back(numAttr(
+      "Obj", D, V, [](const KLOmodel& m, int j) { return m.data.objectives[0].coef[j]; },
+      checkFinite, [](KLOmodel& m, int j, double v) { m.data.objectives[0].coef[j] = v; }));
+  out.push_back(numAttr(
+      "ObjN", D, V,
+      [](const KLOmodel& m, int j) { return m.data.objectives[objNumber(m)].coef[j]; },
+      [](const KLOmodel& m, int j, double v) {
+        objNumber(m);
+        checkFinite(m, j, v);
+      },
+      [](KLOmodel& m, int j, double v) { m.data.objectives[objNumber(m)].coef[j] = v; }));
+  out.push_back(numAttr(
+      "Start", D, V, [](const KLOmodel& m, int j) { return m.data.start[j]; }, checkNotNaN,
+      [](KLOmodel& m, int j, double v) { m.data.start[j] = v; }, true));
+  auto x = [](const KLOmodel& m, int j) { return resultAt(solution(m).x, j, "primal values"); };
+  out.push_back(numAttr("PrimalSoln", D, V, x));
+  out.push_back(numAttr("X", D, V, x));
+  auto xn = [](const KLOmodel& m, int j) { return resultAt(poolSolution(m).x, j, "pool values"); };
+  out.push_back(numAttr("PoolNX", D, V, xn));
+  out.push_back(numAttr("Xn", D, V, xn));
+  auto rc = [](const KLOmodel& m, int j) {
+    return resultAt(solution(m).reducedCosts, j, "reduced costs");
+  };
+  out.push_back(numAttr("ReducedCost", D, V, rc));
+  out.push_back(numAttr("RC", D, V, rc));
+
+  out.push_back(numAttr(
+      "VType", AttrType::Char, V, [](const KLOmodel& m, int j) { return double(m.data.type[j]); },
+      checkType, [](KLOmodel& m, int j, double v) { setVarType(m.data, j, static_cast<char>(v)); }));
+
+  auto name = [](const KLOmodel& m, int j) -> const std::string& { return m.data.varNames.get(j); };
+  auto setName = [](KLOmodel& m, int j, const std::string& v) { m.data.varNames.set(j, v); };
+  out.push_back(strAttr("ColName", V, name, setName));
+  out.push_back(strAttr("VarName", V, name, setName));
+}
+
+}  // namespace klo

@@ -1,0 +1,23 @@
+// Which file a name denotes, by its extension.
+#ifndef KLO_SOLVER_IO_MODEL_FILES_H
+#define KLO_SOLVER_IO_MODEL_FILES_H
+
+#include <string>
+
+#include "store/model_data.h"
+
+namespace klo {
+
+enum class FileKind { Mps, Lp, Params, Start, Solution, Basis };
+
+// The kind of path (".gz" is allowed after ".mps" and ".lp" only); throws
+// KLO_ERROR_FILE_FORMAT for any other name.
+FileKind fileKind(const std::string& path);
+
+// A model file (".mps" or ".lp", optionally ".gz").
+ModelData readModelFile(const std::string& path);
+void writeModelFile(const std::string& path, const ModelData& d);
+
+}  // namespace klo
+
+#endif

@@ -1,0 +1,194 @@
+#include <CoinMessageHandler.hpp>
+#include <CoinMpsIO.hpp>
+#include <CoinPackedMatrix.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+
+#include "common/error.h"
+#include "common/text.h"
+#include "io/mps.h"
+#include "io/text_file.h"
+#include "klo_c.h"
+#include "store/checks.h"
+#include "store/sparse.h"
+
+namespace klo {
+namespace {
+
+// Keeps CoinMpsIO quiet and remembers its first complaint.
+class FirstProblem : public CoinMessageHandler {
+ public:
+  FirstProblem() { setLogLevel(1); }
+  int print() override {
+    int n = currentMessage().externalNumber();
+    if (n >= 3000 && first_.empty()) {
+      std::string text = messageBuffer();
+      size_t gap = text.find(' ');
+      first_ = gap != std::string::npos && text.compare(0, 4, "Coin") == 0 ? text.substr(gap + 1) : text;
+    }
+    return 0;
+  }
+  void checkSeverity() override {}  // the default aborts on severe messages
+  const std::string& first() const { return first_; }
+
+ private:
+  std::string first_;
+};
+
+// The sense given by an OBJSENSE section (CoinMpsIO ignores it).
+int objectiveSense(const std::string& text) {
+  std::istringstream in(text);
+  std::string line;
+  bool inSection = false;
+  while (std::getline(in, line)) {
+    std::vector<std::string> w = splitWords(line);
+    if (w.empty()) continue;
+    bool header = !std::isspace(static_cast<unsigned char>(line[0]));
+    if (header && w[0] == "OBJSENSE") {
+      if (w.size() > 1) return w[1].compare(0, 3, "MAX") == 0 ? -1 : 1;
+      inSection = true;
+    } else if (inSection) {
+      return !header && w[0].compare(0, 3, "MAX") == 0 ? -1 : 1;
+    }
+  }
+  return 1;
+}
+
+// The text with "FREE" on its NAME card, so that CoinMpsIO reads it as
+// free format.
+std::string markedFree(const std::string& text) {
+  if (text.compare(0, 4, "NAME") != 0) return "NAME FREE\n" + text;
+  size_t eol = text.find('\n');
+  std::string name = text.substr(0, eol);
+  if (name.find("FREE") != std::string::npos) return text;
+  std::vector<std::string> w = splitWords(name);
+  return "NAME " + (w.size() > 1 ? w[1] : std::string("BLANK")) + " FREE" +
+         (eol == std::string::npos ? "" : text.substr(eol));
+}
+
+struct Attempt {
+  std::unique_ptr<CoinMpsIO> io = std::make_unique<CoinMpsIO>();
+  FirstProblem handler;
+  int numSets = 0;
+  CoinSet** sets = nullptr;
+  int status = 0;
+  ~Attempt() {
+    for (int k = 0; k < numSets; ++k) delete sets[k];
+    delete[] sets;
+  }
+};
+
+std::unique_ptr<Attempt> attempt(const std::string& text) {
+  TempPath tmp;
+  writeTextFile(tmp.path(), text);
+  auto a = std::make_unique<Attempt>();
+  a->io->passInMessageHandler(&a->handler);
+  a->status = a->io->readMps(tmp.path().c_str(), "", a->numSets, a->sets);
+  return a;
+}
+
+double bound(double v) { return normBound(v); }
+
+void copyColumns(const CoinMpsIO& io, ModelData& d) {
+  int n = io.getNumCols();
+  for (int j = 0; j < n; ++j) {
+    int kind = io.isIntegerOrSemiContinuous(j);
+    double lb = bound(io.getColLower()[j]), ub = bound(io.getColUpper()[j]);
+    char t = kind == 1 ? (lb == 0 && ub == 1 ? 'B' : 'I') : kind >= 2 ? 'S' : 'C';
+    d.type.push_back(t);
+    d.lb.push_back(lb);
+    d.ub.push_back(ub);
+    d.start.push_back(KLO_UNDEFINED);
+    d.varNames.append(io.columnName(j));
+  }
+  d.objectives[0].coef.assign(io.getObjCoefficients(), io.getObjCoefficients() + n);
+  d.objectives[0].constant = -io.objectiveOffset();
+}
+
+void copyRows(const CoinMpsIO& io, ModelData& d) {
+  CoinPackedMatrix byRow(*io.getMatrixByCol());
+  byRow.reverseOrdering();  // row-major
+  int m = io.getNumRows();
+  d.rows.resize(m);
+  for (int i = 0; i < m; ++i) {
+    Row& r = d.rows[i];
+    r.lower = bound(io.getRowLower()[i]);
+    r.upper = bound(io.getRowUpper()[i]);
+    CoinShallowPackedVector v = byRow.getVector(i);
+    std::vector<std::pair<int, double>> e;
+    for (int k = 0; k < v.getNumElements(); ++k)
+      if (v.getElements()[k] != 0.0) e.emplace_back(v.getIndices()[k], v.getElements()[k]);
+    std::sort(e.begin(), e.end());
+    for (const auto& [j, a] : e) {
+      r.lin.ind.push_back(j);
+      r.lin.val.push_back(a);
+    }
+    d.rowNames.append(io.rowName(i));
+  }
+}
+
+void copySets(const Attempt& a, ModelData& d) {
+  for (int k = 0; k < a.numSets; ++k) {
+    const CoinSet& s = *a.sets[k];
+    Sos sos;
+    sos.type = s.setType();
+    sos.members.assign(s.which(), s.which() + s.numberEntries());
+    for (int m = 0; m < s.numberEntries(); ++m)
+      sos.weights.push_back(s.weights() ? s.weights()[m] : m + 1.0);
+    d.sos.push_back(std::move(sos));
+  }
+}
+
+// QUADOBJ holds one triangle of Q in  c'x + 1/2 x'Qx.
+void copyQuadratic(CoinMpsIO& io, const std::string& path, ModelData& d) {
+  const CoinMpsCardReader* reader = io.reader();
+  if (!reader || reader->whichSection() != COIN_QUAD_SECTION) return;
+  CoinBigIndex* start = nullptr;
+  int* col = nullptr;
+  double* val = nullptr;
+  int status = io.readQuadraticMps(nullptr, start, col, val, 0);
+  if (status == 0) {
+    for (int j = 0; j < io.getNumCols(); ++j)
+      for (CoinBigIndex k = start[j]; k < start[j + 1]; ++k) {
+        int i = col[k];
+        d.qobj.row.push_back(std::min(i, j));
+        d.qobj.col.push_back(std::max(i, j));
+        d.qobj.val.push_back(i == j ? val[k] / 2 : val[k]);
+      }
+  }
+  delete[] start;
+  delete[] col;
+  delete[] val;
+  d.qobj = addQuad(QuadTerms(), d.qobj);  // a file may list a term twice
+  if (status != 0 && status != -2 && status != -3)
+    fail(KLO_ERROR_FILE_READ, path + ": malformed QUADOBJ section");
+}
+
+}  // namespace
+
+ModelData readMps(const std::string& path) {
+  std::string text = readTextFile(path);
+  std::unique_ptr<Attempt> a = attempt(text);
+  if (a->status != 0) {
+    std::unique_ptr<Attempt> retry = attempt(markedFree(text));
+    if (retry->status == 0) a = std::move(retry);
+  }
+  if (a->status != 0) {
+    std::string why = a->handler.first().empty() ? "not a valid MPS file" : a->handler.first();
+    size_t tmp = why.find("of file ");
+    if (tmp != std::string::npos) why = why.substr(0, tmp + 8) + path;
+    fail(KLO_ERROR_FILE_READ, path + ": " + why);
+  }
+  ModelData d;
+  d.name = a->io->getProblemName();
+  d.sense = objectiveSense(text);
+  copyColumns(*a->io, d);
+  copyRows(*a->io, d);
+  copySets(*a, d);
+  copyQuadratic(*a->io, path, d);
+  return d;
+}
+
+}  // namespace klo

@@ -1,0 +1,30 @@
+// Whole-file text input and output, gzip-compressed when the name ends in
+// ".gz" (reading detects compression by content).
+#ifndef KLO_SOLVER_IO_TEXT_FILE_H
+#define KLO_SOLVER_IO_TEXT_FILE_H
+
+#include <string>
+
+namespace klo {
+
+// Throws KLO_ERROR_FILE_OPEN or KLO_ERROR_FILE_READ.
+std::string readTextFile(const std::string& path);
+// Throws KLO_ERROR_FILE_WRITE.
+void writeTextFile(const std::string& path, const std::string& text);
+
+// A private temporary file, removed when the object goes.
+class TempPath {
+ public:
+  TempPath();
+  ~TempPath();
+  TempPath(const TempPath&) = delete;
+  TempPath& operator=(const TempPath&) = delete;
+  const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace klo
+
+#endif

@@ -1,0 +1,62 @@
+// Adding and deleting rows, their bounds and coefficients.
+#include <string>
+#include <utility>
+
+#include "common/error.h"
+#include "klo_c.h"
+#include "store/edit.h"
+#include "store/sparse.h"
+
+namespace klo {
+
+void addRows(ModelData& d, const Bulk& rows, const double* lower, const double* upper,
+             const char* const* names) {
+  rows.check("Number of constraints");
+  if (rows.n > 0 && (!lower || !upper))
+    fail(KLO_ERROR_NULL_ARGUMENT, "Row bound array is null");
+  std::vector<Row> made(rows.n);
+  for (int k = 0; k < rows.n; ++k) {
+    int lo = rows.first(k);
+    made[k].lin = makeSparse(rows.end(k) - lo, rows.ind + lo, rows.val + lo, d.numVars());
+    checkBound(lower[k], "Row lower bound");
+    checkBound(upper[k], "Row upper bound");
+    made[k].lower = normBound(lower[k]);
+    made[k].upper = normBound(upper[k]);
+  }
+  d.rows.reserve(d.rows.size() + rows.n);
+  for (int k = 0; k < rows.n; ++k)
+    appendRow(d, std::move(made[k]), names ? names[k] : nullptr);
+}
+
+void appendRow(ModelData& d, Row row, const char* name) {
+  d.rows.push_back(std::move(row));
+  d.rowNames.append(name ? name : "");
+  if (!d.rowBasis.empty()) d.rowBasis.push_back(KLO_BASIS_BASIC);
+}
+
+void deleteRows(ModelData& d, int n, const int* ind) {
+  checkIndices(d, Kind::Row, n, ind);
+  std::vector<bool> keep = keptFlags(deletionMap(d.numRows(), n, ind));
+  retain(d.rows, keep);
+  d.rowNames.retain(keep);
+  if (!d.rowBasis.empty()) retain(d.rowBasis, keep);
+}
+
+void setRowBound(ModelData& d, int i, bool upper, double value) {
+  checkIndex(d, Kind::Row, i);
+  checkBound(value, upper ? "Row upper bound" : "Row lower bound");
+  (upper ? d.rows[i].upper : d.rows[i].lower) = normBound(value);
+}
+
+void setCoeff(ModelData& d, int row, int var, double value) {
+  checkIndex(d, Kind::Row, row);
+  checkIndex(d, Kind::Var, var);
+  checkCoef(value, "Coefficient");
+  setCoefAt(d.rows[row].lin, var, value);
+}
+
+void addObjQuad(ModelData& d, int n, const int* row, const int* col, const double* val) {
+  d.qobj = addQuad(d.qobj, makeQuad(n, row, col, val, d.numVars()));
+}
+
+}  // namespace klo

@@ -1,0 +1,201 @@
+#include "store/sparse.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <numeric>
+#include <string>
+#include <utility>
+
+#include "common/error.h"
+#include "klo_c.h"
+#include "store/checks.h"
+
+namespace klo {
+namespace {
+
+void requireArrays(int n, std::initializer_list<const void*> arrays) {
+  bool missing = false;
+  for (const void* a : arrays) missing = missing || a == nullptr;
+  if (n > 0 && missing)
+    fail(KLO_ERROR_NULL_ARGUMENT, "Index or value array is null for " + std::to_string(n) + " entries");
+}
+
+void checkVarIndex(int j, int count, Kind kind = Kind::Var) {
+  if (j < 0 || j >= count)
+    fail(invalidIndexCode(kind), std::string(kindName(kind)) + " index " + std::to_string(j) +
+                                     " is out of range (the model has " + std::to_string(count) + ")");
+}
+
+// Sorts (key, value) pairs by key, sums equal keys and drops zeros.
+template <class K>
+void normalise(std::vector<std::pair<K, double>>& e) {
+  std::stable_sort(e.begin(), e.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  size_t out = 0;
+  for (size_t i = 0; i < e.size();) {
+    K key = e[i].first;
+    double sum = 0.0;
+    for (; i < e.size() && e[i].first == key; ++i) sum += e[i].second;
+    if (sum != 0.0) e[out++] = {key, sum};
+  }
+  e.resize(out);
+}
+
+}  // namespace
+
+SparseVec makeSparse(int n, const int* ind, const double* val, int count, Kind kind) {
+  checkCount(n, "Number of entries");
+  requireArrays(n, {ind, val});
+  std::vector<std::pair<int, double>> e(n);
+  for (int k = 0; k < n; ++k) {
+    checkVarIndex(ind[k], count, kind);
+    checkCoef(val[k], "Coefficient");
+    e[k] = {ind[k], val[k]};
+  }
+  bool sorted = true;
+  for (int k = 1; k < n && sorted; ++k) sorted = ind[k - 1] < ind[k];
+  bool zero = false;
+  for (int k = 0; k < n && !zero; ++k) zero = val[k] == 0.0;
+  if (!sorted || zero) normalise(e);
+  SparseVec v;
+  v.ind.reserve(e.size());
+  v.val.reserve(e.size());
+  for (const auto& [j, a] : e) {
+    v.ind.push_back(j);
+    v.val.push_back(a);
+  }
+  return v;
+}
+
+QuadTerms makeQuad(int n, const int* row, const int* col, const double* val, int numVars) {
+  checkCount(n, "Number of quadratic terms");
+  requireArrays(n, {row, col, val});
+  std::vector<std::pair<std::pair<int, int>, double>> e(n);
+  for (int k = 0; k < n; ++k) {
+    checkVarIndex(row[k], numVars);
+    checkVarIndex(col[k], numVars);
+    checkCoef(val[k], "Quadratic coefficient");
+    e[k] = {{std::min(row[k], col[k]), std::max(row[k], col[k])}, val[k]};
+  }
+  normalise(e);
+  QuadTerms q;
+  for (const auto& [ij, a] : e) {
+    q.row.push_back(ij.first);
+    q.col.push_back(ij.second);
+    q.val.push_back(a);
+  }
+  return q;
+}
+
+SymMatrix makeSym(int n, const int* pos, const double* val, int dim) {
+  checkCount(n, "Number of matrix entries");
+  requireArrays(n, {pos, val});
+  long long size = static_cast<long long>(dim) * dim;
+  std::vector<std::pair<int, double>> e(n);
+  for (int k = 0; k < n; ++k) {
+    if (pos[k] < 0 || pos[k] >= size)
+      fail(KLO_ERROR_INVALID_ARGUMENT, "Matrix position " + std::to_string(pos[k]) +
+                                           " is outside a " + std::to_string(dim) + " x " +
+                                           std::to_string(dim) + " matrix");
+    checkCoef(val[k], "Matrix coefficient");
+    int r = pos[k] / dim, c = pos[k] % dim;
+    e[k] = {std::min(r, c) * dim + std::max(r, c), val[k]};
+  }
+  normalise(e);
+  SymMatrix m;
+  for (const auto& [p, a] : e) {
+    m.pos.push_back(p);
+    m.val.push_back(a);
+  }
+  return m;
+}
+
+QuadTerms addQuad(const QuadTerms& a, const QuadTerms& b) {
+  std::vector<std::pair<std::pair<int, int>, double>> e;
+  e.reserve(a.size() + b.size());
+  for (const QuadTerms* q : {&a, &b})
+    for (int k = 0; k < q->size(); ++k) e.push_back({{q->row[k], q->col[k]}, q->val[k]});
+  normalise(e);
+  QuadTerms out;
+  for (const auto& [ij, v] : e) {
+    out.row.push_back(ij.first);
+    out.col.push_back(ij.second);
+    out.val.push_back(v);
+  }
+  return out;
+}
+
+SymMatrix addSym(const SymMatrix& a, const SymMatrix& b) {
+  std::vector<std::pair<int, double>> e;
+  for (const SymMatrix* m : {&a, &b})
+    for (int k = 0; k < m->size(); ++k) e.push_back({m->pos[k], m->val[k]});
+  normalise(e);
+  SymMatrix out;
+  for (const auto& [p, v] : e) {
+    out.pos.push_back(p);
+    out.val.push_back(v);
+  }
+  return out;
+}
+
+double coefAt(const SparseVec& v, int j) {
+  auto it = std::lower_bound(v.ind.begin(), v.ind.end(), j);
+  return it != v.ind.end() && *it == j ? v.val[it - v.ind.begin()] : 0.0;
+}
+
+void setCoefAt(SparseVec& v, int j, double value) {
+  auto it = std::lower_bound(v.ind.begin(), v.ind.end(), j);
+  size_t k = it - v.ind.begin();
+  bool present = it != v.ind.end() && *it == j;
+  if (present && value == 0.0) {
+    v.ind.erase(it);
+    v.val.erase(v.val.begin() + k);
+  } else if (present) {
+    v.val[k] = value;
+  } else if (value != 0.0) {
+    v.ind.insert(it, j);
+    v.val.insert(v.val.begin() + k, value);
+  }
+}
+
+void renumber(SparseVec& v, const std::vector<int>& newIndex) {
+  size_t out = 0;
+  for (size_t k = 0; k < v.ind.size(); ++k) {
+    int j = newIndex[v.ind[k]];
+    if (j < 0) continue;
+    v.ind[out] = j;
+    v.val[out++] = v.val[k];
+  }
+  v.ind.resize(out);
+  v.val.resize(out);
+}
+
+void renumber(QuadTerms& q, const std::vector<int>& newIndex) {
+  size_t out = 0;
+  for (size_t k = 0; k < q.row.size(); ++k) {
+    int i = newIndex[q.row[k]], j = newIndex[q.col[k]];
+    if (i < 0 || j < 0) continue;
+    q.row[out] = i;
+    q.col[out] = j;
+    q.val[out++] = q.val[k];
+  }
+  q.row.resize(out);
+  q.col.resize(out);
+  q.val.resize(out);
+}
+
+std::vector<int> deletionMap(int count, int n, const int* ind) {
+  std::vector<int> newIndex(count, 0);
+  for (int k = 0; k < n; ++k) newIndex[ind[k]] = -1;
+  int next = 0;
+  for (int i = 0; i < count; ++i)
+    if (newIndex[i] == 0) newIndex[i] = next++;
+  return newIndex;
+}
+
+std::vector<bool> keptFlags(const std::vector<int>& newIndex) {
+  std::vector<bool> keep(newIndex.size());
+  for (size_t i = 0; i < newIndex.size(); ++i) keep[i] = newIndex[i] >= 0;
+  return keep;
+}
+
+}  // namespace klo

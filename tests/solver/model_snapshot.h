@@ -1,0 +1,21 @@
+// A text picture of everything a model holds, read through the C interface
+// only: two models are the same when their snapshots are equal.
+#ifndef KLO_TESTS_SOLVER_MODEL_SNAPSHOT_H
+#define KLO_TESTS_SOLVER_MODEL_SNAPSHOT_H
+
+#include <string>
+
+#include "klo_c.h"
+
+namespace klotest {
+
+struct SnapshotOptions {
+  bool names = true;       // include element names
+  bool modelName = true;   // include the model's name
+};
+
+std::string snapshot(KLOmodel* model, SnapshotOptions options = {});
+
+}  // namespace klotest
+
+#endif
