@@ -115,9 +115,10 @@ int SearchState::proposeSolution(const double* x, double* objective) {
   for (int j = 0; j < problem.numCols(); ++j)
     if (integerFlags_[j]) full[j] = std::round(full[j]);
   const double obj = objectiveOf(problem, full.data());
-  const double best = toCbc(ctx.objBest);
-  if (ctx.solCount > 0 && toCbc(obj) >= best - 1e-9 * (1.0 + std::fabs(best)))
-    return KLO_CB_NOT_IMPROVING;
+  // Better than the incumbent and than proposals still waiting.
+  double best = ctx.solCount > 0 ? toCbc(ctx.objBest) : COIN_DBL_MAX;
+  for (const Proposal& q : proposals) best = std::min(best, q.cbcObjective);
+  if (toCbc(obj) >= best - 1e-9 * (1.0 + std::fabs(best))) return KLO_CB_NOT_IMPROVING;
   proposals.push_back(Proposal{toCbc(obj), std::move(full)});
   *objective = obj;
   return KLO_OK;
