@@ -59,9 +59,15 @@ void KLOLinExpr::append(const KLOLinExpr& e, double sign) {
         return;
     }
     constant_ += sign * e.constant_;
-    for (int i = 0; i < e.size(); ++i) {
-        coeffs_->push_back(sign * (*e.coeffs_)[i]);
-        vars_->push_back((*e.vars_)[i]);
+    // Element access would privatise e's buffers on the first read and read
+    // them directly after that: do it once and walk them.
+    e.coeffs_->copyOnWrite();
+    e.vars_->copyOnWrite();
+    const std::vector<double>& coeffs = *e.coeffs_->vec;
+    const std::vector<KLOVar>& vars = *e.vars_->vec;
+    for (std::size_t i = 0; i < coeffs.size(); ++i) {
+        coeffs_->push_back(sign * coeffs[i]);
+        vars_->push_back(vars[i]);
     }
 }
 
