@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "store/sparse.h"
+
 namespace klo {
 
 void NameTable::set(int i, std::string name) {
@@ -23,10 +25,7 @@ void NameTable::append(std::string name) {
 }
 
 void NameTable::retain(const std::vector<bool>& keep) {
-  size_t out = 0;
-  for (size_t i = 0; i < names_.size(); ++i)
-    if (keep[i]) names_[out++] = std::move(names_[i]);
-  names_.resize(out);
+  klo::retain(names_, keep);
   stale_ = true;
 }
 

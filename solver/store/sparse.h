@@ -41,8 +41,11 @@ std::vector<bool> keptFlags(const std::vector<int>& newIndex);
 template <class T>
 void retain(std::vector<T>& v, const std::vector<bool>& keep) {
   size_t out = 0;
-  for (size_t i = 0; i < v.size(); ++i)
-    if (keep[i]) v[out++] = std::move(v[i]);
+  for (size_t i = 0; i < v.size(); ++i) {
+    if (!keep[i]) continue;
+    if (out != i) v[out] = std::move(v[i]);  // never move onto itself
+    ++out;
+  }
   v.resize(out);
 }
 
