@@ -66,52 +66,40 @@ void BM_CopyLinExpr(benchmark::State& state) {
 }
 BENCHMARK(BM_CopyLinExpr)->Arg(1)->Arg(kMillion);
 
-// e += x with a variable (converted to a one-term expression each time).
+// Builds e from nothing by state.range(0) appends of step(e).
+template <class Step>
+void appendTerms(benchmark::State& state, Step step) {
+    for (auto _ : state) {
+        KLOLinExpr e;
+        for (int i = 0; i < state.range(0); ++i) step(e);
+        benchmark::DoNotOptimize(e);
+    }
+    perTerm(state, static_cast<double>(state.range(0)));
+}
+
+// With a variable, converted to a one-term expression every time.
 void BM_AppendVarPlusEquals(benchmark::State& state) {
     const KLOVar x = solved().vars[0];
-    for (auto _ : state) {
-        KLOLinExpr e;
-        for (int i = 0; i < state.range(0); ++i) e += x;
-        benchmark::DoNotOptimize(e);
-    }
-    perTerm(state, static_cast<double>(state.range(0)));
+    appendTerms(state, [&](KLOLinExpr& e) { e += x; });
 }
-BENCHMARK(BM_AppendVarPlusEquals)->Arg(kMillion)->Unit(benchmark::kMillisecond);
-
-// e += t with a one-term expression made once.
-void BM_AppendTermPlusEquals(benchmark::State& state) {
-    const KLOLinExpr t(solved().vars[0], 2.0);
-    for (auto _ : state) {
-        KLOLinExpr e;
-        for (int i = 0; i < state.range(0); ++i) e += t;
-        benchmark::DoNotOptimize(e);
-    }
-    perTerm(state, static_cast<double>(state.range(0)));
-}
-BENCHMARK(BM_AppendTermPlusEquals)->Arg(kMillion)->Unit(benchmark::kMillisecond);
-
-// e = e + x with a variable.
 void BM_AppendVarSum(benchmark::State& state) {
     const KLOVar x = solved().vars[0];
-    for (auto _ : state) {
-        KLOLinExpr e;
-        for (int i = 0; i < state.range(0); ++i) e = e + x;
-        benchmark::DoNotOptimize(e);
-    }
-    perTerm(state, static_cast<double>(state.range(0)));
+    appendTerms(state, [&](KLOLinExpr& e) { e = e + x; });
 }
-BENCHMARK(BM_AppendVarSum)->Arg(kMillion)->Unit(benchmark::kMillisecond);
 
-// e = e + t with a one-term expression made once.
+// With a one-term expression made once.
+void BM_AppendTermPlusEquals(benchmark::State& state) {
+    const KLOLinExpr t(solved().vars[0], 2.0);
+    appendTerms(state, [&](KLOLinExpr& e) { e += t; });
+}
 void BM_AppendTermSum(benchmark::State& state) {
     const KLOLinExpr t(solved().vars[0], 2.0);
-    for (auto _ : state) {
-        KLOLinExpr e;
-        for (int i = 0; i < state.range(0); ++i) e = e + t;
-        benchmark::DoNotOptimize(e);
-    }
-    perTerm(state, static_cast<double>(state.range(0)));
+    appendTerms(state, [&](KLOLinExpr& e) { e = e + t; });
 }
+
+BENCHMARK(BM_AppendVarPlusEquals)->Arg(kMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AppendVarSum)->Arg(kMillion)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_AppendTermPlusEquals)->Arg(kMillion)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_AppendTermSum)->Arg(kMillion)->Unit(benchmark::kMillisecond);
 
 void BM_GetValue(benchmark::State& state) {

@@ -171,15 +171,10 @@ enum KLO_StringAttr {
 };
 
 /// Matrix attributes of PSD variables (names in MAT_ATTRNAMES).
-enum KLO_MatAttr {
-    KLO_MatAttr_PsdX = 0,
-    KLO_MatAttr_PsdObj = 1
-};
+enum KLO_MatAttr { KLO_MatAttr_PsdX = 0, KLO_MatAttr_PsdObj = 1 };
 
 /// The char attribute: always the library's "VType", whatever the value.
-enum KLO_CharAttr {
-    KLO_CharAttr_VType = 0
-};
+enum KLO_CharAttr { KLO_CharAttr_VType = 0 };
 
 /// Integer parameters (names in INT_PARNAMES).
 enum KLO_IntParam {
@@ -247,9 +242,7 @@ enum KLO_DoubleParam {
 };
 
 /// The string parameter: always the library's "LogFile", whatever the value.
-enum KLO_StringParam {
-    KLO_StringParam_LogFile = 0
-};
+enum KLO_StringParam { KLO_StringParam_LogFile = 0 };
 
 /// Library names of the integer attributes, indexed by KLO_IntAttr.
 extern const char* const INT_ATTRNAMES[33];
@@ -841,9 +834,8 @@ public:
     double feasRelax(int type, bool minrelax, bool vrelax, bool crelax);
     /// Feasibility relaxation with per-element penalties for the given
     /// variables and constraints (all others may not be relaxed).
-    double feasRelax(int type, bool minrelax, int nvars, const KLOVar* vars,
-                     const double* lbpen, const double* ubpen, int ncons,
-                     const KLOConstr* cons, const double* rhspen);
+    double feasRelax(int type, bool minrelax, int nvars, const KLOVar* vars, const double* lbpen,
+                     const double* ubpen, int ncons, const KLOConstr* cons, const double* rhspen);
     /// A view of the model's own environment, usable while this model lives.
     KLOEnv getEnv() const;
     /// A new, unowned library environment, empty when the library has an
@@ -879,14 +871,12 @@ public:
     void set(KLO_IntAttr attr, const KLOConstr* constrs, const int* values, int count);
     void set(KLO_CharAttr attr, const KLOConstr* constrs, const char* values, int count);
     void set(KLO_DoubleAttr attr, const KLOConstr* constrs, const double* values, int count);
-    void set(KLO_StringAttr attr, const KLOConstr* constrs, const std::string* values,
-             int count);
+    void set(KLO_StringAttr attr, const KLOConstr* constrs, const std::string* values, int count);
 
     double* get(KLO_DoubleAttr attr, const KLOQConstr* constrs, int count) const;
     std::string* get(KLO_StringAttr attr, const KLOQConstr* constrs, int count) const;
     void set(KLO_DoubleAttr attr, const KLOQConstr* constrs, const double* values, int count);
-    void set(KLO_StringAttr attr, const KLOQConstr* constrs, const std::string* values,
-             int count);
+    void set(KLO_StringAttr attr, const KLOQConstr* constrs, const std::string* values, int count);
 
     int* get(KLO_IntAttr attr, const KLOGenConstr* constrs, int count) const;
     std::string* get(KLO_StringAttr attr, const KLOGenConstr* constrs, int count) const;
@@ -902,8 +892,7 @@ public:
 
     double* get(KLO_DoubleAttr attr, const KLOPsdConstr* constrs, int count) const;
     std::string* get(KLO_StringAttr attr, const KLOPsdConstr* constrs, int count) const;
-    void set(KLO_DoubleAttr attr, const KLOPsdConstr* constrs, const double* values,
-             int count);
+    void set(KLO_DoubleAttr attr, const KLOPsdConstr* constrs, const double* values, int count);
     void set(KLO_StringAttr attr, const KLOPsdConstr* constrs, const std::string* values,
              int count);
 
@@ -927,8 +916,8 @@ public:
     KLOVar addVar();
     /// Adds a variable with entries coeffs[i] in constrs[i] (0.0 each when
     /// coeffs is null).
-    KLOVar addVar(double lb, double ub, double obj, char vtype, int numnz,
-                  const KLOConstr* constrs, const double* coeffs, const std::string& name = "");
+    KLOVar addVar(double lb, double ub, double obj, char vtype, int numnz, const KLOConstr* constrs,
+                  const double* coeffs, const std::string& name = "");
     /// Adds a variable with the column's entries; the column must not name a
     /// constraint twice.  A removed constraint raises -2002.
     KLOVar addVar(double lb, double ub, double obj, char vtype, const KLOColumn& col,

@@ -1,4 +1,3 @@
-#include <sstream>
 #include <utility>
 
 #include "env/check.h"
@@ -52,8 +51,7 @@ KLOEnv::~KLOEnv() {
 }
 
 void* KLOEnv::live() const {
-    if (*released_)
-        throw KLOException("Environment associated model has been released.", -100000);
+    if (*released_) throw KLOException("Environment associated model has been released.", -100000);
     return env_;
 }
 
@@ -65,9 +63,7 @@ int KLOEnv::get(KLO_IntParam param) const { return klo_detail::getParam(live(), 
 
 double KLOEnv::get(KLO_DoubleParam param) const { return klo_detail::getParam(live(), param); }
 
-std::string KLOEnv::get(KLO_StringParam param) const {
-    return klo_detail::getParam(live(), param);
-}
+std::string KLOEnv::get(KLO_StringParam param) const { return klo_detail::getParam(live(), param); }
 
 void KLOEnv::set(KLO_IntParam param, int value) { klo_detail::setParam(live(), param, value); }
 
@@ -81,29 +77,18 @@ void KLOEnv::set(KLO_StringParam param, const std::string& value) {
 
 void KLOEnv::set(const std::string& name, const std::string& value) {
     void* env = live();
-    std::stringstream text;
-    text << value;
-    int asInt = 0;
-    text >> asInt;
-    if (klo_detail::trySetInt(env, name, asInt)) return;
-    // Start over on the same stream; a failed integer read leaves it failed,
-    // so a text without a leading number reaches the library as 0.0.
-    text.seekg(0);
-    if (text) text.seekp(0);
-    text << value;
-    double asDouble = 0.0;
-    text >> asDouble;
-    if (klo_detail::trySetDouble(env, name, asDouble)) return;
-    klo_detail::setString(env, name, value);
+    klo_detail::setByName([env] { return env; }, name, value, klo_detail::Retry::Rewind);
 }
 
 void KLOEnv::getParamInfo(KLO_IntParam param, int* value, int* min, int* max, int* def) const {
-    klo_detail::check(KLOgetintparaminfo(lib(live()), klo_detail::name(param), value, min, max, def));
+    klo_detail::check(
+        KLOgetintparaminfo(lib(live()), klo_detail::name(param), value, min, max, def));
 }
 
 void KLOEnv::getParamInfo(KLO_DoubleParam param, double* value, double* min, double* max,
                           double* def) const {
-    klo_detail::check(KLOgetdblparaminfo(lib(live()), klo_detail::name(param), value, min, max, def));
+    klo_detail::check(
+        KLOgetdblparaminfo(lib(live()), klo_detail::name(param), value, min, max, def));
 }
 
 void KLOEnv::getParamInfo(KLO_StringParam param, std::string& value, std::string& def) const {

@@ -1,6 +1,6 @@
-#include "klo_cpp.h"
-
 #include <utility>
+
+#include "klo_cpp.h"
 
 KLOException::KLOException(int code) : code_(code) {}
 

@@ -1,79 +1,102 @@
-#include "klo_cpp.h"
-
 #include <iterator>
 
+#include "klo_cpp.h"
+
+// The comments give the rows (enumerator values).
+// clang-format off
 const char* const INT_ATTRNAMES[33] = {
-    "MinSense",     "ModelSense",    "HasSolution", "HasPrimalRay",  "HasDualRay",
-    "NumVars",      "NumConss",      "NumConstrs",  "NumQConstrs",   "NumSOS",
-    "NumGenConstrs", "NumEnts",      "NumNZs",      "SPX/NumIters",  "IPM/NumIters",
-    "IsInteger",    "IISVar",        "IISConstr",   "IISCol",        "IISRow",
-    "ColBasis",     "RowBasis",      "GenConstrType", "Status",      "Dim",
-    "NumPsdVars",   "NumPsdConstrs", "SolCount",    "NumObj",        "ObjNPriority",
-    "NumContVars",  "NumIntVars",    "NumBinVars"};
+    "MinSense", "ModelSense", "HasSolution", "HasPrimalRay", "HasDualRay",  // 0-4
+    "NumVars", "NumConss", "NumConstrs", "NumQConstrs", "NumSOS",  // 5-9
+    "NumGenConstrs", "NumEnts", "NumNZs", "SPX/NumIters", "IPM/NumIters",  // 10-14
+    "IsInteger", "IISVar", "IISConstr", "IISCol", "IISRow",  // 15-19
+    "ColBasis", "RowBasis", "GenConstrType", "Status", "Dim",  // 20-24
+    "NumPsdVars", "NumPsdConstrs", "SolCount", "NumObj", "ObjNPriority",  // 25-29
+    "NumContVars", "NumIntVars", "NumBinVars"  // 30-32
+};
 
 const char* const DBL_ATTRNAMES[35] = {
-    "ObjConst",    "ObjCon",      "PrimalObjVal", "ObjVal",      "PoolNObjVal",
-    "DualObjVal",  "PresolverTime", "SolverTime", "SolutionTime", "MIP/GapAbs",
-    "MIP/GapRel",  "LB",          "UB",           "Obj",         "LHS",
-    "RHS",         "QCLHS",       "QCRHS",        "PrimalSoln",  "X",
-    "PoolNX",      "Xn",          "Start",        "DualSoln",    "Activity",
-    "ReducedCost", "RC",          "PsdCLHS",      "PsdCRHS",     "ObjN",
-    "ObjNCon",     "ObjNVal",     "ObjNWeight",   "ObjNRelTol",  "ObjNAbsTol"};
+    "ObjConst", "ObjCon", "PrimalObjVal", "ObjVal", "PoolNObjVal",  // 0-4
+    "DualObjVal", "PresolverTime", "SolverTime", "SolutionTime", "MIP/GapAbs",  // 5-9
+    "MIP/GapRel", "LB", "UB", "Obj", "LHS",  // 10-14
+    "RHS", "QCLHS", "QCRHS", "PrimalSoln", "X",  // 15-19
+    "PoolNX", "Xn", "Start", "DualSoln", "Activity",  // 20-24
+    "ReducedCost", "RC", "PsdCLHS", "PsdCRHS", "ObjN",  // 25-29
+    "ObjNCon", "ObjNVal", "ObjNWeight", "ObjNRelTol", "ObjNAbsTol"  // 30-34
+};
 
-const char* const STR_ATTRNAMES[10] = {"ProbName", "ModelName", "RowName",    "ConstrName",
-                                       "QCName",   "ColName",   "VarName",    "PsdVarName",
-                                       "PsdCName", "GenConstrName"};
+const char* const STR_ATTRNAMES[10] = {
+    "ProbName", "ModelName", "RowName", "ConstrName", "QCName",  // 0-4
+    "ColName", "VarName", "PsdVarName", "PsdCName", "GenConstrName"  // 5-9
+};
 
-const char* const MAT_ATTRNAMES[2] = {"PsdX", "PsdObj"};
+const char* const MAT_ATTRNAMES[2] = {
+    "PsdX", "PsdObj"  // 0-1
+};
 
 const char* const INT_PARNAMES[39] = {
-    "Method",
-    "PostScaling",
-    "Presolve",
-    "Dualization",
-    "OutputFlag",
-    "LogToConsole",
-    "NumThreads",
-    "EnableNetworkFlow",
-    "EnableStochasticLP",
-    "NumericFocus",
-    "SPX/ColumnGeneration",
-    "SPX/CrashStart",
-    "SPX/MaxIterations",
-    "SPX/PrimalPricing",
-    "SPX/DualPricing",
-    "IPM/MaxIterations",
-    "IPM/NumericFocus",
-    "MIP/LevelCuts",
-    "MIP/LevelHeurs",
-    "MIP/LevelProbing",
-    "MIP/LevelStrong",
-    "MIP/LevelSubmip",
-    "MIP/MaxNodes",
-    "MIP/RootParallelism",
-    "MIP/AutoConfiguration",
-    "MIP/MaxSols",
-    "MIP/AllowDualPresolve",
-    "MIP/EnableLazyConstr",
-    "MIP/Disconnected",
-    "MIP/DetectDisconnectedComponents",
-    "MIP/SolutionPoolSize",
-    "MIP/MaxStallingNodes",
-    "MIP/SolutionNumber",
-    "MIP/Static",
-    "PDHG/ComputePreference",
-    "PDHG/Device",
-    "PDHG/MaxIterations",
-    "SolutionTarget",
-    "ObjNumber"};
+    "Method",  // 0
+    "PostScaling",  // 1
+    "Presolve",  // 2
+    "Dualization",  // 3
+    "OutputFlag",  // 4
+    "LogToConsole",  // 5
+    "NumThreads",  // 6
+    "EnableNetworkFlow",  // 7
+    "EnableStochasticLP",  // 8
+    "NumericFocus",  // 9
+    "SPX/ColumnGeneration",  // 10
+    "SPX/CrashStart",  // 11
+    "SPX/MaxIterations",  // 12
+    "SPX/PrimalPricing",  // 13
+    "SPX/DualPricing",  // 14
+    "IPM/MaxIterations",  // 15
+    "IPM/NumericFocus",  // 16
+    "MIP/LevelCuts",  // 17
+    "MIP/LevelHeurs",  // 18
+    "MIP/LevelProbing",  // 19
+    "MIP/LevelStrong",  // 20
+    "MIP/LevelSubmip",  // 21
+    "MIP/MaxNodes",  // 22
+    "MIP/RootParallelism",  // 23
+    "MIP/AutoConfiguration",  // 24
+    "MIP/MaxSols",  // 25
+    "MIP/AllowDualPresolve",  // 26
+    "MIP/EnableLazyConstr",  // 27
+    "MIP/Disconnected",  // 28
+    "MIP/DetectDisconnectedComponents",  // 29
+    "MIP/SolutionPoolSize",  // 30
+    "MIP/MaxStallingNodes",  // 31
+    "MIP/SolutionNumber",  // 32
+    "MIP/Static",  // 33
+    "PDHG/ComputePreference",  // 34
+    "PDHG/Device",  // 35
+    "PDHG/MaxIterations",  // 36
+    "SolutionTarget",  // 37
+    "ObjNumber"  // 38
+};
 
 const char* const DBL_PARNAMES[18] = {
-    "MaxTime",           "PresolveTolerance",    "SPX/PrimalTolerance",
-    "SPX/DualTolerance", "IPM/PrimalTolerance",  "IPM/DualTolerance",
-    "IPM/GapTolerance",  "MIP/IntegerTolerance", "MIP/ObjectiveTolerance",
-    "MIP/GapAbs",        "MIP/GapRel",           "MIP/LinearizationBigM",
-    "MIP/Cutoff",        "MIP/Heuristics",       "MIP/NoRelHeurWork",
-    "PDHG/DualTolerance", "PDHG/GapTolerance",   "PDHG/PrimalTolerance"};
+    "MaxTime",  // 0
+    "PresolveTolerance",  // 1
+    "SPX/PrimalTolerance",  // 2
+    "SPX/DualTolerance",  // 3
+    "IPM/PrimalTolerance",  // 4
+    "IPM/DualTolerance",  // 5
+    "IPM/GapTolerance",  // 6
+    "MIP/IntegerTolerance",  // 7
+    "MIP/ObjectiveTolerance",  // 8
+    "MIP/GapAbs",  // 9
+    "MIP/GapRel",  // 10
+    "MIP/LinearizationBigM",  // 11
+    "MIP/Cutoff",  // 12
+    "MIP/Heuristics",  // 13
+    "MIP/NoRelHeurWork",  // 14
+    "PDHG/DualTolerance",  // 15
+    "PDHG/GapTolerance",  // 16
+    "PDHG/PrimalTolerance"  // 17
+};
+
+// clang-format on
 
 // Every enumerator indexes its table: the last one must be the last row.
 static_assert(std::size(INT_ATTRNAMES) == KLO_IntAttr_NumBinVars + 1);

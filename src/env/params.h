@@ -2,6 +2,7 @@
 // KLOModel (which fetches its environment for every call).
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "klo_cpp.h"
@@ -18,11 +19,16 @@ void setParam(void* env, KLO_IntParam param, int value);
 void setParam(void* env, KLO_DoubleParam param, double value);
 void setParam(void* env, KLO_StringParam param, const std::string& value);
 
-// The integer and double attempts of a by-name setting: true on success,
-// failures unreported.
-bool trySetInt(void* env, const std::string& name, int value);
-bool trySetDouble(void* env, const std::string& name, double value);
-// The last attempt, whose failure is raised.
-void setString(void* env, const std::string& name, const std::string& value);
+// How a by-name setting reuses its text stream for the double attempt.
+enum class Retry {
+    Rewind,  // back to the start: the environment's way
+    Append,  // the text again behind the first copy, read on: the model's way
+};
+
+// Sets a parameter of unknown type from text: as an integer, then as a
+// double, then as a string; only the string attempt's failure is raised.
+// env is asked for the library environment before each attempt.
+void setByName(const std::function<void*()>& env, const std::string& name, const std::string& value,
+               Retry retry);
 
 }  // namespace klo_detail

@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "env/check.h"
+#include "expr/compact.h"
 #include "klo_cpp.h"
-#include "model/access.h"
 
 int KLOColumn::size() const { return static_cast<int>(coeffs_.size()); }
 
@@ -26,18 +26,7 @@ void KLOColumn::remove(int i) {
     constrs_.erase(constrs_.begin() + i);
 }
 
-void KLOColumn::remove(KLOConstr c) {
-    const auto& target = klo_detail::Access::id(c);
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < coeffs_.size(); ++i) {
-        if (klo_detail::Access::id(constrs_[i]) == target) continue;
-        coeffs_[kept] = coeffs_[i];
-        constrs_[kept] = constrs_[i];
-        ++kept;
-    }
-    coeffs_.resize(kept);
-    constrs_.resize(kept);
-}
+void KLOColumn::remove(KLOConstr c) { klo_detail::removeHandle(coeffs_, constrs_, c); }
 
 void KLOColumn::clear() {
     coeffs_.clear();

@@ -1,7 +1,7 @@
 // Linear expressions: a constant and (coefficient, variable) terms over
 // copy-on-write storage.
+#include "expr/compact.h"
 #include "klo_cpp.h"
-#include "model/access.h"
 
 KLOLinExpr::KLOLinExpr(double constant)
     : constant_(constant),
@@ -107,18 +107,7 @@ void KLOLinExpr::remove(int i) {
 void KLOLinExpr::remove(KLOVar v) {
     coeffs_->copyOnWrite();
     vars_->copyOnWrite();
-    std::vector<double>& coeffs = *coeffs_->vec;
-    std::vector<KLOVar>& vars = *vars_->vec;
-    const auto& target = klo_detail::Access::id(v);
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < coeffs.size(); ++i) {
-        if (klo_detail::Access::id(vars[i]) == target) continue;
-        coeffs[kept] = coeffs[i];
-        vars[kept] = vars[i];
-        ++kept;
-    }
-    coeffs.resize(kept);
-    vars.resize(kept);
+    const std::size_t kept = klo_detail::removeHandle(*coeffs_->vec, *vars_->vec, v);
     coeffs_->n = vars_->n = static_cast<std::int32_t>(kept);
 }
 

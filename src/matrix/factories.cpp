@@ -12,8 +12,7 @@ namespace {
 // counter, independently of k; groups that overlap (possible through the
 // last-group rule) never write past the nnz positions.
 template <class Position>
-void fillGroups(int* out, int groups, int lastGroup, int nnz, const int* start,
-                Position position) {
+void fillGroups(int* out, int groups, int lastGroup, int nnz, const int* start, Position position) {
     int next = 0;
     for (int g = 0; g < groups; ++g) {
         const int end = g == lastGroup ? nnz : start[g + 1];
@@ -38,23 +37,20 @@ KLOMatrix KLOMatrix::coo(int rows, int cols, int nnz, int* indices, double* valu
     return KLOMatrix(rows, cols, nnz, indices, values);
 }
 
-KLOMatrix KLOMatrix::coo(int rows, int cols, int nnz, int* rowIdx, int* colIdx,
-                         double* values) {
+KLOMatrix KLOMatrix::coo(int rows, int cols, int nnz, int* rowIdx, int* colIdx, double* values) {
     KLOMatrix m(rows, cols, nnz, values);
     for (int k = 0; k < nnz; ++k) m.indices()[k] = rowIdx[k] * cols + colIdx[k];
     return m;
 }
 
-KLOMatrix KLOMatrix::csr(int rows, int cols, int nnz, int* rowStart, int* colIdx,
-                         double* values) {
+KLOMatrix KLOMatrix::csr(int rows, int cols, int nnz, int* rowStart, int* colIdx, double* values) {
     KLOMatrix m(rows, cols, nnz, values);
     fillGroups(m.indices(), rows, rows - 1, nnz, rowStart,
                [&](int i, int k) { return i * cols + colIdx[k]; });
     return m;
 }
 
-KLOMatrix KLOMatrix::csc(int rows, int cols, int nnz, int* colStart, int* rowIdx,
-                         double* values) {
+KLOMatrix KLOMatrix::csc(int rows, int cols, int nnz, int* colStart, int* rowIdx, double* values) {
     KLOMatrix m(rows, cols, nnz, values);
     // The group that runs to nnz is column rows-1, not cols-1: long-standing
     // behaviour, the same for square matrices.

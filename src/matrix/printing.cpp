@@ -114,8 +114,8 @@ int length(int x) { return textLength(x); }
 
 std::ostream& operator<<(std::ostream& os, KLOMatrix m) {
     os << "KLOMatrix(" << m.rows() << ", " << m.cols() << ")" << std::endl << "[";
-    const int positions = static_cast<int>(static_cast<unsigned>(m.rows()) *
-                                           static_cast<unsigned>(m.cols()));
+    const int positions =
+        static_cast<int>(static_cast<unsigned>(m.rows()) * static_cast<unsigned>(m.cols()));
     if (m.nonzeros() != positions)
         printSparse(os, m);
     else if (positions == 0)

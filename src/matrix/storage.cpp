@@ -8,7 +8,8 @@ namespace {
 
 template <class T>
 T* allocate(int nnz) {
-    return static_cast<T*>(std::malloc(static_cast<std::size_t>(static_cast<long>(nnz)) * sizeof(T)));
+    return static_cast<T*>(
+        std::malloc(static_cast<std::size_t>(static_cast<long>(nnz)) * sizeof(T)));
 }
 
 }  // namespace
@@ -17,10 +18,7 @@ KLOSparseStorage::KLOSparseStorage(int count)
     : kind(OwnsBoth), nnz(count), indices(allocate<int>(count)), values(allocate<double>(count)) {}
 
 KLOSparseStorage::KLOSparseStorage(int count, int* borrowedIndices)
-    : kind(BorrowsIndices),
-      nnz(count),
-      indices(borrowedIndices),
-      values(allocate<double>(count)) {}
+    : kind(BorrowsIndices), nnz(count), indices(borrowedIndices), values(allocate<double>(count)) {}
 
 KLOSparseStorage::KLOSparseStorage(int count, double* borrowedValues)
     : kind(BorrowsValues), nnz(count), indices(allocate<int>(count)), values(borrowedValues) {}

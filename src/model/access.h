@@ -29,14 +29,10 @@ struct Access {
     static const std::vector<KLOVar>& vars(const KLOModel& m) { return m.vars_; }
     static const std::vector<KLOConstr>& constrs(const KLOModel& m) { return m.constrs_; }
     static const std::vector<KLOQConstr>& qconstrs(const KLOModel& m) { return m.qconstrs_; }
-    static const std::vector<KLOPsdConstr>& psdconstrs(const KLOModel& m) {
-        return m.psdconstrs_;
-    }
+    static const std::vector<KLOPsdConstr>& psdconstrs(const KLOModel& m) { return m.psdconstrs_; }
     static const std::vector<KLOPsdVar>& psdvars(const KLOModel& m) { return m.psdvars_; }
     static const std::vector<KLOSOS>& sos(const KLOModel& m) { return m.sos_; }
-    static const std::vector<KLOGenConstr>& genconstrs(const KLOModel& m) {
-        return m.genconstrs_;
-    }
+    static const std::vector<KLOGenConstr>& genconstrs(const KLOModel& m) { return m.genconstrs_; }
 };
 
 }  // namespace klo_detail

@@ -1,7 +1,6 @@
 // Attributes of the whole model, element attributes over arrays of
 // handles, and the parameters of the model's own environment.
 #include <memory>
-#include <sstream>
 
 #include "env/check.h"
 #include "env/names.h"
@@ -64,9 +63,7 @@ void KLOModel::set(KLO_StringAttr attr, const std::string& value) {
 // --- arrays over handles ---------------------------------------------------
 
 int* KLOModel::get(KLO_IntAttr a, const KLOVar* h, int n) const { return getEach<int>(a, h, n); }
-char* KLOModel::get(KLO_CharAttr a, const KLOVar* h, int n) const {
-    return getEach<char>(a, h, n);
-}
+char* KLOModel::get(KLO_CharAttr a, const KLOVar* h, int n) const { return getEach<char>(a, h, n); }
 double* KLOModel::get(KLO_DoubleAttr a, const KLOVar* h, int n) const {
     return getEach<double>(a, h, n);
 }
@@ -82,9 +79,7 @@ void KLOModel::set(KLO_StringAttr a, const KLOVar* h, const std::string* v, int 
     setEach(a, h, v, n);
 }
 
-int* KLOModel::get(KLO_IntAttr a, const KLOConstr* h, int n) const {
-    return getEach<int>(a, h, n);
-}
+int* KLOModel::get(KLO_IntAttr a, const KLOConstr* h, int n) const { return getEach<int>(a, h, n); }
 char* KLOModel::get(KLO_CharAttr a, const KLOConstr* h, int n) const {
     return getEach<char>(a, h, n);
 }
@@ -94,9 +89,7 @@ double* KLOModel::get(KLO_DoubleAttr a, const KLOConstr* h, int n) const {
 std::string* KLOModel::get(KLO_StringAttr a, const KLOConstr* h, int n) const {
     return getEach<std::string>(a, h, n);
 }
-void KLOModel::set(KLO_IntAttr a, const KLOConstr* h, const int* v, int n) {
-    setEach(a, h, v, n);
-}
+void KLOModel::set(KLO_IntAttr a, const KLOConstr* h, const int* v, int n) { setEach(a, h, v, n); }
 void KLOModel::set(KLO_CharAttr a, const KLOConstr* h, const char* v, int n) {
     setEach(a, h, v, n);
 }
@@ -130,18 +123,14 @@ void KLOModel::set(KLO_StringAttr a, const KLOGenConstr* h, const std::string* v
     setEach(a, h, v, n);
 }
 
-int* KLOModel::get(KLO_IntAttr a, const KLOPsdVar* h, int n) const {
-    return getEach<int>(a, h, n);
-}
+int* KLOModel::get(KLO_IntAttr a, const KLOPsdVar* h, int n) const { return getEach<int>(a, h, n); }
 std::string* KLOModel::get(KLO_StringAttr a, const KLOPsdVar* h, int n) const {
     return getEach<std::string>(a, h, n);
 }
 KLOMatrix* KLOModel::get(KLO_MatAttr a, const KLOPsdVar* h, int n) const {
     return getEach<KLOMatrix>(a, h, n);
 }
-void KLOModel::set(KLO_IntAttr a, const KLOPsdVar* h, const int* v, int n) {
-    setEach(a, h, v, n);
-}
+void KLOModel::set(KLO_IntAttr a, const KLOPsdVar* h, const int* v, int n) { setEach(a, h, v, n); }
 void KLOModel::set(KLO_StringAttr a, const KLOPsdVar* h, std::string* v, int n) {
     setEach(a, h, v, n);
 }
@@ -183,18 +172,5 @@ void KLOModel::set(KLO_StringParam param, const std::string& value) {
 }
 
 void KLOModel::set(const std::string& name, const std::string& value) {
-    std::stringstream text;
-    text << value;
-    int asInt = 0;
-    text >> asInt;
-    if (klo_detail::trySetInt(env(), name, asInt)) return;
-    // The stream is reused as it stands: the text is appended behind the
-    // first copy and the double is read on from where the integer stopped
-    // ("1.5" arrives as 0.51).  Long-standing behaviour, kept on purpose.
-    text.clear();
-    text << value;
-    double asDouble = 0.0;
-    text >> asDouble;
-    if (klo_detail::trySetDouble(env(), name, asDouble)) return;
-    klo_detail::setString(env(), name, value);
+    klo_detail::setByName([this] { return env(); }, name, value, klo_detail::Retry::Append);
 }

@@ -43,8 +43,7 @@ std::string getAttr(const Element& e, KLO_StringAttr attr) {
 KLOMatrix getAttr(const Element& e, KLO_MatAttr attr) {
     KLOmodel* model = live(e);
     int nnz = 0, rows = 0, cols = 0;
-    check(KLOgetmatattrelement(model, name(attr), e.index, &nnz, &rows, &cols, nullptr,
-                               nullptr));
+    check(KLOgetmatattrelement(model, name(attr), e.index, &nnz, &rows, &cols, nullptr, nullptr));
     KLOMatrix m(rows, cols, nnz);
     check(KLOgetmatattrelement(model, name(attr), e.index, &nnz, &rows, &cols, m.indices(),
                                m.data()));

@@ -7,9 +7,10 @@
 namespace klo_detail {
 
 void emptyHandle(const char* handleClass, int code) {
-    throw KLOException(std::string("The ") + handleClass +
-                           " handle is empty: it was default-constructed and names no model element.",
-                       code);
+    throw KLOException(
+        std::string("The ") + handleClass +
+            " handle is empty: it was default-constructed and names no model element.",
+        code);
 }
 
 }  // namespace klo_detail
@@ -29,7 +30,9 @@ void KLOVar::set(KLO_CharAttr attr, char value) const { setAttr(element(*this), 
 double KLOVar::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
 void KLOVar::set(KLO_DoubleAttr attr, double value) const { setAttr(element(*this), attr, value); }
 std::string KLOVar::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
-void KLOVar::set(KLO_StringAttr attr, const std::string& value) const { setAttr(element(*this), attr, value); }
+void KLOVar::set(KLO_StringAttr attr, const std::string& value) const {
+    setAttr(element(*this), attr, value);
+}
 
 // KLOConstr
 int KLOConstr::index() const { return record(*this).index; }
@@ -39,17 +42,25 @@ void KLOConstr::set(KLO_IntAttr attr, int value) const { setAttr(element(*this),
 char KLOConstr::get(KLO_CharAttr attr) const { return getAttr(element(*this), attr); }
 void KLOConstr::set(KLO_CharAttr attr, char value) const { setAttr(element(*this), attr, value); }
 double KLOConstr::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
-void KLOConstr::set(KLO_DoubleAttr attr, double value) const { setAttr(element(*this), attr, value); }
+void KLOConstr::set(KLO_DoubleAttr attr, double value) const {
+    setAttr(element(*this), attr, value);
+}
 std::string KLOConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
-void KLOConstr::set(KLO_StringAttr attr, const std::string& value) const { setAttr(element(*this), attr, value); }
+void KLOConstr::set(KLO_StringAttr attr, const std::string& value) const {
+    setAttr(element(*this), attr, value);
+}
 
 // KLOQConstr
 int KLOQConstr::index() const { return record(*this).index; }
 bool KLOQConstr::sameAs(KLOQConstr other) const { return &record(*this) == &record(other); }
 double KLOQConstr::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
-void KLOQConstr::set(KLO_DoubleAttr attr, double value) const { setAttr(element(*this), attr, value); }
+void KLOQConstr::set(KLO_DoubleAttr attr, double value) const {
+    setAttr(element(*this), attr, value);
+}
 std::string KLOQConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
-void KLOQConstr::set(KLO_StringAttr attr, const std::string& value) const { setAttr(element(*this), attr, value); }
+void KLOQConstr::set(KLO_StringAttr attr, const std::string& value) const {
+    setAttr(element(*this), attr, value);
+}
 
 // KLOPsdVar
 int KLOPsdVar::index() const { return record(*this).index; }
@@ -57,17 +68,25 @@ bool KLOPsdVar::sameAs(KLOPsdVar other) const { return &record(*this) == &record
 int KLOPsdVar::get(KLO_IntAttr attr) const { return getAttr(element(*this), attr); }
 void KLOPsdVar::set(KLO_IntAttr attr, int value) const { setAttr(element(*this), attr, value); }
 std::string KLOPsdVar::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
-void KLOPsdVar::set(KLO_StringAttr attr, const std::string& value) const { setAttr(element(*this), attr, value); }
+void KLOPsdVar::set(KLO_StringAttr attr, const std::string& value) const {
+    setAttr(element(*this), attr, value);
+}
 KLOMatrix KLOPsdVar::get(KLO_MatAttr attr) const { return getAttr(element(*this), attr); }
-void KLOPsdVar::set(KLO_MatAttr attr, const KLOMatrix& value) const { setAttr(element(*this), attr, value); }
+void KLOPsdVar::set(KLO_MatAttr attr, const KLOMatrix& value) const {
+    setAttr(element(*this), attr, value);
+}
 
 // KLOPsdConstr
 int KLOPsdConstr::index() const { return record(*this).index; }
 bool KLOPsdConstr::sameAs(KLOPsdConstr other) const { return &record(*this) == &record(other); }
 double KLOPsdConstr::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
-void KLOPsdConstr::set(KLO_DoubleAttr attr, double value) const { setAttr(element(*this), attr, value); }
+void KLOPsdConstr::set(KLO_DoubleAttr attr, double value) const {
+    setAttr(element(*this), attr, value);
+}
 std::string KLOPsdConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
-void KLOPsdConstr::set(KLO_StringAttr attr, const std::string& value) const { setAttr(element(*this), attr, value); }
+void KLOPsdConstr::set(KLO_StringAttr attr, const std::string& value) const {
+    setAttr(element(*this), attr, value);
+}
 
 // KLOGenConstr
 int KLOGenConstr::index() const { return record(*this).index; }
@@ -75,7 +94,9 @@ bool KLOGenConstr::sameAs(KLOGenConstr other) const { return &record(*this) == &
 int KLOGenConstr::get(KLO_IntAttr attr) const { return getAttr(element(*this), attr); }
 void KLOGenConstr::set(KLO_IntAttr attr, int value) const { setAttr(element(*this), attr, value); }
 std::string KLOGenConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
-void KLOGenConstr::set(KLO_StringAttr attr, const std::string& value) const { setAttr(element(*this), attr, value); }
+void KLOGenConstr::set(KLO_StringAttr attr, const std::string& value) const {
+    setAttr(element(*this), attr, value);
+}
 
 // KLOSOS
 int KLOSOS::index() const { return record(*this).index; }

@@ -28,11 +28,10 @@ struct FreeOnFailure {
 
 KLOModel::KLOModel(const KLOEnv* env) : KLOModel(*env) {}
 
-KLOModel::KLOModel(const KLOEnv& env)
-    : model_(nullptr), released_(std::make_shared<bool>(false)) {
+KLOModel::KLOModel(const KLOEnv& env) : model_(nullptr), released_(std::make_shared<bool>(false)) {
     KLOmodel* model = nullptr;
-    check(KLOnewmodel(static_cast<KLOenv*>(env.env_), &model, nullptr, 0, nullptr, nullptr,
-                      nullptr, nullptr, nullptr));
+    check(KLOnewmodel(static_cast<KLOenv*>(env.env_), &model, nullptr, 0, nullptr, nullptr, nullptr,
+                      nullptr, nullptr));
     model_ = model;
 }
 

@@ -57,8 +57,8 @@ KLOModel KLOModel::relax() const {
     return copy;
 }
 
-double KLOModel::feasRelaxWith(int type, bool minrelax, const double* lbpen,
-                               const double* ubpen, const double* rhspen) {
+double KLOModel::feasRelaxWith(int type, bool minrelax, const double* lbpen, const double* ubpen,
+                               const double* rhspen) {
     double relaxed = 0.0;
     check(KLOfeasrelax(lib(model_), type, minrelax ? 1 : 0, lbpen, ubpen, rhspen, &relaxed));
     return minrelax ? relaxed : 0.0;

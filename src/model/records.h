@@ -10,12 +10,12 @@ namespace klo_detail {
 template <class H>
 struct HandleTraits;
 
-#define KLO_HANDLE_TRAITS(Handle, Record, Code) \
-    template <>                                 \
-    struct HandleTraits<Handle> {               \
-        using ID = Record;                      \
+#define KLO_HANDLE_TRAITS(Handle, Record, Code)      \
+    template <>                                      \
+    struct HandleTraits<Handle> {                    \
+        using ID = Record;                           \
         static constexpr const char* name = #Handle; \
-        static constexpr int removedCode = Code; \
+        static constexpr int removedCode = Code;     \
     }
 
 KLO_HANDLE_TRAITS(KLOVar, KLOVarID, -2003);

@@ -51,8 +51,7 @@ KLOVar KLOModel::addVar(double lb, double ub, double obj, char vtype, const std:
 KLOVar KLOModel::addVar() { return appendVar(); }
 
 KLOVar KLOModel::addVar(double lb, double ub, double obj, char vtype, int numnz,
-                        const KLOConstr* constrs, const double* coeffs,
-                        const std::string& name) {
+                        const KLOConstr* constrs, const double* coeffs, const std::string& name) {
     KLOColumn col;
     for (int i = 0; i < numnz; ++i) col.addTerm(coeffs ? coeffs[i] : 0.0, constrs[i]);
     return addVar(lb, ub, obj, vtype, col, name);
@@ -66,29 +65,28 @@ KLOVar KLOModel::addVar(double lb, double ub, double obj, char vtype, const KLOC
     const MergedColumn merged(col);
     std::vector<int> rows;
     for (const KLOConstr& c : merged.constrs) rows.push_back(c.index());
-    check(KLOaddvar(lib(model_), static_cast<int>(rows.size()), rows.empty() ? nullptr : rows.data(),
-                    merged.coeffs.empty() ? nullptr : merged.coeffs.data(), obj, lb, ub, vtype,
-                    name.c_str()));
+    check(KLOaddvar(
+        lib(model_), static_cast<int>(rows.size()), rows.empty() ? nullptr : rows.data(),
+        merged.coeffs.empty() ? nullptr : merged.coeffs.data(), obj, lb, ub, vtype, name.c_str()));
     return appendVar();
 }
 
 KLOVar* KLOModel::addVars(int numvars, char vtype) {
     std::vector<char> types(static_cast<std::size_t>(numvars), vtype);
-    check(KLOaddvars(lib(model_), numvars, 0, nullptr, nullptr, nullptr, nullptr, nullptr,
-                     nullptr, types.empty() ? nullptr : types.data(), nullptr));
+    check(KLOaddvars(lib(model_), numvars, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                     types.empty() ? nullptr : types.data(), nullptr));
     std::unique_ptr<KLOVar[]> added(new KLOVar[numvars]);
     for (int i = 0; i < numvars; ++i) added[i] = appendVar();
     return added.release();
 }
 
-KLOVar* KLOModel::addVars(const double* lb, const double* ub, const double* obj,
-                          const char* vtype, const std::string* names, int numvars) {
+KLOVar* KLOModel::addVars(const double* lb, const double* ub, const double* obj, const char* vtype,
+                          const std::string* names, int numvars) {
     return addVars(lb, ub, obj, vtype, names, nullptr, numvars);
 }
 
-KLOVar* KLOModel::addVars(const double* lb, const double* ub, const double* obj,
-                          const char* vtype, const std::string* names, const KLOColumn* cols,
-                          int numvars) {
+KLOVar* KLOModel::addVars(const double* lb, const double* ub, const double* obj, const char* vtype,
+                          const std::string* names, const KLOColumn* cols, int numvars) {
     std::vector<int> beg, ind;
     std::vector<double> val;
     for (int j = 0; cols && j < numvars; ++j) {
@@ -146,8 +144,8 @@ KLOColumn KLOModel::getCol(KLOVar v) const {
     std::vector<int> beg(static_cast<std::size_t>(numnz)), ind(beg.size());
     std::vector<double> val(beg.size());
     check(KLOgetvars(lib(model_), &numnz, numnz > 0 ? beg.data() : nullptr,
-                     numnz > 0 ? ind.data() : nullptr, numnz > 0 ? val.data() : nullptr,
-                     v.index(), 1));
+                     numnz > 0 ? ind.data() : nullptr, numnz > 0 ? val.data() : nullptr, v.index(),
+                     1));
     KLOColumn col;
     for (int k = 0; k < numnz && k < static_cast<int>(ind.size()); ++k)
         col.addTerm(val[k], getConstr(ind[k]));

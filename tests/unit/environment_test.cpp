@@ -52,13 +52,12 @@ TEST_F(Environment, TypedParametersUseTheTableNames) {
     env.set(KLO_IntParam_Presolve, 0);
     env.set(static_cast<KLO_DoubleParam>(9), 1e-3);
     env.set(KLO_StringParam_LogFile, "x.log");
-    EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOgetintparam(ptr, \"MIP/MaxNodes\", ptr)",
-                     "KLOgetdblparam(ptr, \"MIP/GapAbs\", ptr)",
-                     "KLOgetstrparam(ptr, \"LogFile\", ptr)",
-                     "KLOsetintparam(ptr, \"Presolve\", 0)",
-                     "KLOsetdblparam(ptr, \"MIP/GapAbs\", 0.001)",
-                     "KLOsetstrparam(ptr, \"LogFile\", \"x.log\")"}));
+    EXPECT_EQ(
+        klo_fake::strs(),
+        (Calls{"KLOgetintparam(ptr, \"MIP/MaxNodes\", ptr)",
+               "KLOgetdblparam(ptr, \"MIP/GapAbs\", ptr)", "KLOgetstrparam(ptr, \"LogFile\", ptr)",
+               "KLOsetintparam(ptr, \"Presolve\", 0)", "KLOsetdblparam(ptr, \"MIP/GapAbs\", 0.001)",
+               "KLOsetstrparam(ptr, \"LogFile\", \"x.log\")"}));
 }
 
 TEST_F(Environment, ParameterInfoPassesTheCallersPointersThrough) {
@@ -132,9 +131,9 @@ TEST_F(Environment, ByNameTextEndsInTheStringAttempt) {
     klo_fake::on("KLOsetdblparam").status(-1006);
     env.set("LogFile", "abc.log");
     // No leading number: both numeric reads fail and pass 0.
-    EXPECT_EQ(klo_fake::strs(), (Calls{"KLOsetintparam(ptr, \"LogFile\", 0)",
-                                       "KLOsetdblparam(ptr, \"LogFile\", 0)",
-                                       "KLOsetstrparam(ptr, \"LogFile\", \"abc.log\")"}));
+    EXPECT_EQ(klo_fake::strs(),
+              (Calls{"KLOsetintparam(ptr, \"LogFile\", 0)", "KLOsetdblparam(ptr, \"LogFile\", 0)",
+                     "KLOsetstrparam(ptr, \"LogFile\", \"abc.log\")"}));
 }
 
 TEST_F(Environment, ByNameUnknownNameRaisesTheStringAttemptsError) {

@@ -1,27 +1,11 @@
 // The checked-call rule: library statuses become KLOExceptions carrying the
 // library's own code and text.
-#include <gtest/gtest.h>
-
 #include "env/check.h"
-#include "klo_cpp.h"
-#include "klo_fake.h"
+#include "fake_fixture.h"
 
 namespace {
 
-class CheckedCall : public ::testing::Test {
-protected:
-    void SetUp() override { klo_fake::reset(); }
-};
-
-KLOException caught(void (*f)()) {
-    try {
-        f();
-    } catch (const KLOException& e) {
-        return e;
-    }
-    ADD_FAILURE() << "no KLOException thrown";
-    return KLOException("", 0);
-}
+class CheckedCall : public FakeTest {};
 
 TEST(KLOExceptionValue, HoldsMessageAndCode) {
     KLOException bare(-7);
@@ -34,14 +18,14 @@ TEST(KLOExceptionValue, HoldsMessageAndCode) {
 
 TEST_F(CheckedCall, NonZeroStatusCarriesTheLibrarysCodeAndText) {
     klo_fake::explain(1001, "explanation of one thousand and one");
-    KLOException e = caught([] { klo_detail::check(1001); });
+    KLOException e = thrown([] { klo_detail::check(1001); });
     EXPECT_EQ(e.getErrorCode(), 1001);
     EXPECT_EQ(e.getMessage(), "explanation of one thousand and one");
     EXPECT_EQ(klo_fake::strs(), std::vector<std::string>{"KLOexplainerror(1001)"});
 }
 
 TEST_F(CheckedCall, NegativeStatusIsRaisedUnchanged) {
-    KLOException e = caught([] { klo_detail::check(-1005); });
+    KLOException e = thrown([] { klo_detail::check(-1005); });
     EXPECT_EQ(e.getErrorCode(), -1005);
     EXPECT_EQ(e.getMessage(), "fake error -1005");
 }
@@ -53,7 +37,7 @@ TEST_F(CheckedCall, ZeroStatusPassesWithoutAskingForAText) {
 
 TEST_F(CheckedCall, OwnFaultsUseTheLibrarysWording) {
     klo_fake::explain(-2003, "Invalid variable index");
-    KLOException e = caught([] { klo_detail::raise(-2003); });
+    KLOException e = thrown([] { klo_detail::raise(-2003); });
     EXPECT_EQ(e.getErrorCode(), -2003);
     EXPECT_EQ(e.getMessage(), "Invalid variable index");
 }
@@ -63,7 +47,7 @@ TEST_F(CheckedCall, SubmissionsFailOnlyOnNegativeStatuses) {
     EXPECT_EQ(klo_detail::checkSubmission(2), 2);
     EXPECT_TRUE(klo_fake::calls().empty());
     klo_fake::explain(-5002, "not in a callback");
-    KLOException e = caught([] { klo_detail::checkSubmission(-5002); });
+    KLOException e = thrown([] { klo_detail::checkSubmission(-5002); });
     EXPECT_EQ(e.getErrorCode(), -5002);
     EXPECT_EQ(e.getMessage(), "not in a callback");
 }

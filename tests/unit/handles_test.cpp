@@ -39,15 +39,14 @@ TEST_F(Handles, VariableAttributesGoToTheElementFunctions) {
     x.set(KLO_IntAttr_ColBasis, 2);
     x.set(KLO_CharAttr_VType, 'B');
     x.set(KLO_StringAttr_VarName, "y");
-    EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOgetdblattrelement(ptr, \"X\", 4, ptr)",
-                     "KLOgetintattrelement(ptr, \"ColBasis\", 4, ptr)",
-                     "KLOgetcharattrelement(ptr, \"VType\", 4, ptr)",
-                     "KLOgetstrattrelement(ptr, \"VarName\", 4, ptr)",
-                     "KLOsetdblattrelement(ptr, \"UB\", 4, 7.5)",
-                     "KLOsetintattrelement(ptr, \"ColBasis\", 4, 2)",
-                     "KLOsetcharattrelement(ptr, \"VType\", 4, 'B')",
-                     "KLOsetstrattrelement(ptr, \"VarName\", 4, \"y\")"}));
+    EXPECT_EQ(klo_fake::strs(), (Calls{"KLOgetdblattrelement(ptr, \"X\", 4, ptr)",
+                                       "KLOgetintattrelement(ptr, \"ColBasis\", 4, ptr)",
+                                       "KLOgetcharattrelement(ptr, \"VType\", 4, ptr)",
+                                       "KLOgetstrattrelement(ptr, \"VarName\", 4, ptr)",
+                                       "KLOsetdblattrelement(ptr, \"UB\", 4, 7.5)",
+                                       "KLOsetintattrelement(ptr, \"ColBasis\", 4, 2)",
+                                       "KLOsetcharattrelement(ptr, \"VType\", 4, 'B')",
+                                       "KLOsetstrattrelement(ptr, \"VarName\", 4, \"y\")"}));
     EXPECT_EQ(klo_fake::calls()[0].pointer(0), model);
 }
 
@@ -75,19 +74,24 @@ TEST_F(Handles, RemovedVariablesRefuseWithoutCallingTheLibrary) {
     EXPECT_EQ(thrown([&] { x.set(KLO_StringAttr_VarName, "a"); }).getErrorCode(), -2003);
     EXPECT_EQ(thrown([&] { p.get(KLO_IntAttr_Dim); }).getErrorCode(), -2003);
     EXPECT_EQ(thrown([&] { p.get(KLO_MatAttr_PsdX); }).getErrorCode(), -2003);
-    EXPECT_EQ(klo_fake::functions(),
-              (std::vector<std::string>(4, "KLOexplainerror")));
+    EXPECT_EQ(klo_fake::functions(), (std::vector<std::string>(4, "KLOexplainerror")));
 }
 
 TEST_F(Handles, RemovedConstraintsOfEveryKindRefuseWith2002) {
-    EXPECT_EQ(thrown([&] { newHandle<KLOConstr>(model, -3).get(KLO_DoubleAttr_RHS); })
-                  .getErrorCode(), -2002);
-    EXPECT_EQ(thrown([&] { newHandle<KLOQConstr>(model, -1).get(KLO_StringAttr_QCName); })
-                  .getErrorCode(), -2002);
-    EXPECT_EQ(thrown([&] { newHandle<KLOPsdConstr>(model, -1).set(KLO_DoubleAttr_PsdCLHS, 1); })
-                  .getErrorCode(), -2002);
-    EXPECT_EQ(thrown([&] { newHandle<KLOGenConstr>(model, -4).get(KLO_IntAttr_GenConstrType); })
-                  .getErrorCode(), -2002);
+    EXPECT_EQ(
+        thrown([&] { newHandle<KLOConstr>(model, -3).get(KLO_DoubleAttr_RHS); }).getErrorCode(),
+        -2002);
+    EXPECT_EQ(
+        thrown([&] { newHandle<KLOQConstr>(model, -1).get(KLO_StringAttr_QCName); }).getErrorCode(),
+        -2002);
+    EXPECT_EQ(thrown([&] {
+                  newHandle<KLOPsdConstr>(model, -1).set(KLO_DoubleAttr_PsdCLHS, 1);
+              }).getErrorCode(),
+              -2002);
+    EXPECT_EQ(thrown([&] {
+                  newHandle<KLOGenConstr>(model, -4).get(KLO_IntAttr_GenConstrType);
+              }).getErrorCode(),
+              -2002);
     EXPECT_EQ(thrown([&] { newHandle<KLOSOS>(model, -1).get(KLO_IntAttr_Dim); }).getErrorCode(),
               -2002);
     for (const auto& f : klo_fake::functions()) EXPECT_EQ(f, "KLOexplainerror");
@@ -100,8 +104,7 @@ TEST_F(Handles, EmptyHandlesThrowAClearErrorInsteadOfCrashing) {
     EXPECT_NE(e.getMessage().find("KLOVar handle is empty"), std::string::npos);
     EXPECT_EQ(thrown([&] { x.get(KLO_DoubleAttr_X); }).getErrorCode(), -2003);
     EXPECT_EQ(thrown([&] { KLOSOS().set(KLO_IntAttr_Dim, 1); }).getErrorCode(), -2002);
-    EXPECT_EQ(thrown([&] { newHandle<KLOVar>(model, 0).sameAs(KLOVar()); }).getErrorCode(),
-              -2003);
+    EXPECT_EQ(thrown([&] { newHandle<KLOVar>(model, 0).sameAs(KLOVar()); }).getErrorCode(), -2003);
     EXPECT_TRUE(klo_fake::calls().empty());
 }
 

@@ -73,8 +73,7 @@ TEST(MatrixPrinting, LargeSparseMatrixElidesMiddleEntriesInStorageOrder) {
 
 TEST(MatrixPrinting, SparseWidthsCoverEveryShownEntry) {
     KLOMatrix m = KLOMatrix::sparse(20, 3, {0, 15}, {2, 0}, {-0.5, 3.0});
-    EXPECT_EQ(printed(m),
-              "KLOMatrix(20, 3)\n[\n    ( 0, 2) = -0.5\n    (15, 0) =    3\n]");
+    EXPECT_EQ(printed(m), "KLOMatrix(20, 3)\n[\n    ( 0, 2) = -0.5\n    (15, 0) =    3\n]");
 }
 
 TEST(MatrixPrinting, DenseLayoutReadsValuesByArrayPositionAlone) {

@@ -52,9 +52,13 @@ TEST(MatrixFactories, OnesIdentityAndZero) {
 }
 
 TEST(MatrixFactories, SparseChecksRowsBeforeColumns) {
-    EXPECT_EQ(outOfRange([] { KLOMatrix::sparse(2, 2, {0, 1}, {0}, {1.0, 2.0}); }),
+    EXPECT_EQ(outOfRange([] {
+                  KLOMatrix::sparse(2, 2, {0, 1}, {0}, {1.0, 2.0});
+              }),
               "col array has less elements than data array");
-    EXPECT_EQ(outOfRange([] { KLOMatrix::sparse(2, 2, {0}, {0}, {1.0, 2.0}); }),
+    EXPECT_EQ(outOfRange([] {
+                  KLOMatrix::sparse(2, 2, {0}, {0}, {1.0, 2.0});
+              }),
               "row array has less elements than data array");
     KLOMatrix m = KLOMatrix::sparse(2, 2, {0, 1, 1}, {0, 1, 0}, {1.0, 2.0});
     EXPECT_EQ(positions(m), (std::vector<int>{0, 3}));
@@ -62,7 +66,9 @@ TEST(MatrixFactories, SparseChecksRowsBeforeColumns) {
 }
 
 TEST(MatrixFactories, DenseFromAListNeedsEveryValue) {
-    EXPECT_EQ(outOfRange([] { KLOMatrix::dense(2, 2, {1.0, 2.0, 3.0}); }),
+    EXPECT_EQ(outOfRange([] {
+                  KLOMatrix::dense(2, 2, {1.0, 2.0, 3.0});
+              }),
               "data array expects more elements");
     KLOMatrix m = KLOMatrix::dense(2, 2, {1, 2, 3, 4, 5});
     EXPECT_EQ(positions(m), (std::vector<int>{0, 1, 2, 3}));

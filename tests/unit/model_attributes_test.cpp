@@ -19,20 +19,19 @@ TEST_F(ModelAttributes, WholeModelAttributesByTableName) {
     model.set(KLO_IntAttr_ModelSense, -1);
     model.set(KLO_DoubleAttr_ObjCon, 0.5);
     model.set(KLO_StringAttr_ProbName, "p");
-    EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOgetintattr(ptr, \"NumVars\", ptr)",
-                     "KLOgetintattr(ptr, \"NumBinVars\", ptr)",
-                     "KLOgetdblattr(ptr, \"ObjVal\", ptr)",
-                     "KLOgetstrattr(ptr, \"ModelName\", ptr)",
-                     "KLOsetintattr(ptr, \"ModelSense\", -1)",
-                     "KLOsetdblattr(ptr, \"ObjCon\", 0.5)",
-                     "KLOsetstrattr(ptr, \"ProbName\", \"p\")"}));
+    EXPECT_EQ(
+        klo_fake::strs(),
+        (Calls{"KLOgetintattr(ptr, \"NumVars\", ptr)", "KLOgetintattr(ptr, \"NumBinVars\", ptr)",
+               "KLOgetdblattr(ptr, \"ObjVal\", ptr)", "KLOgetstrattr(ptr, \"ModelName\", ptr)",
+               "KLOsetintattr(ptr, \"ModelSense\", -1)", "KLOsetdblattr(ptr, \"ObjCon\", 0.5)",
+               "KLOsetstrattr(ptr, \"ProbName\", \"p\")"}));
 }
 
 TEST_F(ModelAttributes, EmptyArrayGetAllocatesAndCallsNothing) {
     KLOModel model(env);
     klo_fake::reset();
-    std::unique_ptr<double[]> values(model.get(KLO_DoubleAttr_X, static_cast<const KLOVar*>(nullptr), 0));
+    std::unique_ptr<double[]> values(
+        model.get(KLO_DoubleAttr_X, static_cast<const KLOVar*>(nullptr), 0));
     EXPECT_NE(values, nullptr);
     EXPECT_TRUE(klo_fake::calls().empty());
 }
@@ -56,14 +55,14 @@ TEST_F(ModelAttributes, ArrayGetStopsAtARemovedElement) {
     model->remove(vars[2]);
     model->remove(constrs[2]);
     klo_fake::reset();
-    EXPECT_EQ(thrown([&] { model->get(KLO_DoubleAttr_LB, vars.data(), 4); }).getErrorCode(),
-              -2003);
-    EXPECT_EQ(klo_fake::functions(), (std::vector<std::string>{"KLOgetdblattrelement",
-                                                               "KLOgetdblattrelement",
-                                                               "KLOexplainerror"}));
+    EXPECT_EQ(thrown([&] { model->get(KLO_DoubleAttr_LB, vars.data(), 4); }).getErrorCode(), -2003);
+    EXPECT_EQ(klo_fake::functions(),
+              (std::vector<std::string>{"KLOgetdblattrelement", "KLOgetdblattrelement",
+                                        "KLOexplainerror"}));
     klo_fake::reset();
-    EXPECT_EQ(thrown([&] { model->get(KLO_StringAttr_ConstrName, constrs.data(), 4); })
-                  .getErrorCode(), -2002);
+    EXPECT_EQ(
+        thrown([&] { model->get(KLO_StringAttr_ConstrName, constrs.data(), 4); }).getErrorCode(),
+        -2002);
     EXPECT_EQ(klo_fake::functions().size(), 3u);
 }
 
@@ -71,8 +70,10 @@ TEST_F(ModelAttributes, ArraySetStopsAtTheFirstFailureKeepingEarlierOnes) {
     auto model = readModel(3, 0);
     klo_fake::on("KLOsetdblattrelement").statuses({0, -1004, 0});
     const double ub[] = {1, 2, 3};
-    EXPECT_EQ(thrown([&] { model->set(KLO_DoubleAttr_UB, Access::vars(*model).data(), ub, 3); })
-                  .getErrorCode(), -1004);
+    EXPECT_EQ(thrown([&] {
+                  model->set(KLO_DoubleAttr_UB, Access::vars(*model).data(), ub, 3);
+              }).getErrorCode(),
+              -1004);
     EXPECT_EQ(klo_fake::callsOf("KLOsetdblattrelement").size(), 2u);
 }
 

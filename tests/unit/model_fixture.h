@@ -11,9 +11,7 @@ class ModelTest : public FakeTest {
 protected:
     KLOEnv env;
 
-    void SetUp() override {
-        FakeTest::SetUp();
-    }
+    void SetUp() override { FakeTest::SetUp(); }
 
     // Scripts the counts that sync() reads.
     static void scriptCounts(int vars, int constrs, int psdVars = 0, int sos = 0, int gen = 0) {

@@ -26,13 +26,12 @@ TEST_F(Model, ReadingSynchronisesWithTheOffByOneQuadraticRecords) {
     klo_fake::reset();
     scriptCounts(3, 2, 1, 2, 1);
     KLOModel model(env, "small.lp");
-    EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOreadmodel(ptr, \"small.lp\", ptr)",
-                     "KLOgetintattr(ptr, \"NumVars\", ptr)",
-                     "KLOgetintattr(ptr, \"NumConstrs\", ptr)",
-                     "KLOgetintattr(ptr, \"NumPsdVars\", ptr)",
-                     "KLOgetintattr(ptr, \"NumSOS\", ptr)",
-                     "KLOgetintattr(ptr, \"NumGenConstrs\", ptr)"}));
+    EXPECT_EQ(
+        klo_fake::strs(),
+        (Calls{"KLOreadmodel(ptr, \"small.lp\", ptr)", "KLOgetintattr(ptr, \"NumVars\", ptr)",
+               "KLOgetintattr(ptr, \"NumConstrs\", ptr)", "KLOgetintattr(ptr, \"NumPsdVars\", ptr)",
+               "KLOgetintattr(ptr, \"NumSOS\", ptr)",
+               "KLOgetintattr(ptr, \"NumGenConstrs\", ptr)"}));
     EXPECT_EQ(indices(Access::vars(model)), (std::vector<int>{0, 1, 2}));
     EXPECT_EQ(indices(Access::constrs(model)), (std::vector<int>{0, 1}));
     EXPECT_EQ(indices(Access::psdconstrs(model)), (std::vector<int>{0, 1}));
@@ -68,8 +67,7 @@ TEST_F(Model, FailedCopyRaisesMinusTwo) {
     KLOException e = thrown([&] { KLOModel copy(*source); });
     EXPECT_EQ(e.getErrorCode(), -2);
     EXPECT_EQ(e.getMessage(), "Out of memory, or the model could not be copied");
-    EXPECT_EQ(klo_fake::functions(),
-              (std::vector<std::string>{"KLOcopymodel", "KLOexplainerror"}));
+    EXPECT_EQ(klo_fake::functions(), (std::vector<std::string>{"KLOcopymodel", "KLOexplainerror"}));
 }
 
 TEST_F(Model, AssignmentChangesNothing) {
@@ -173,8 +171,10 @@ TEST_F(Model, LongFeasRelaxRefusesRemovedElements) {
     klo_fake::on("KLOgetintattr", "NumVars").out(2, 1LL);
     klo_fake::on("KLOgetintattr", "NumConstrs").out(2, 1LL);
     const double pen[] = {1};
-    EXPECT_EQ(thrown([&] { model->feasRelax(0, false, 1, &gone, pen, pen, 0, nullptr, nullptr); })
-                  .getErrorCode(), -2003);
+    EXPECT_EQ(thrown([&] {
+                  model->feasRelax(0, false, 1, &gone, pen, pen, 0, nullptr, nullptr);
+              }).getErrorCode(),
+              -2003);
     EXPECT_TRUE(klo_fake::callsOf("KLOfeasrelax").empty());
 }
 

@@ -1,11 +1,12 @@
 // Enumerators turn into the library's names by table row; the char
 // attribute and the string parameter each have one fixed name.
+#include "env/names.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
 
-#include "env/names.h"
 #include "klo_cpp.h"
 
 namespace {

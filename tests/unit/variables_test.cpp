@@ -11,9 +11,8 @@ TEST_F(Variables, AddVarPassesTheNameAsTextNeverNull) {
     klo_fake::reset();
     KLOVar x = model.addVar(0.0, 4.5, 1.5, 'I', "x");
     KLOVar y = model.addVar(-1.0, 1e20, 0.0, 'C');
-    EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOaddvar(ptr, 0, null, null, 1.5, 0, 4.5, 'I', \"x\")",
-                     "KLOaddvar(ptr, 0, null, null, 0, -1, 1e+20, 'C', \"\")"}));
+    EXPECT_EQ(klo_fake::strs(), (Calls{"KLOaddvar(ptr, 0, null, null, 1.5, 0, 4.5, 'I', \"x\")",
+                                       "KLOaddvar(ptr, 0, null, null, 0, -1, 1e+20, 'C', \"\")"}));
     EXPECT_EQ(x.index(), 0);
     EXPECT_EQ(y.index(), 1);
     EXPECT_TRUE(Access::vars(model)[1].sameAs(y));
@@ -41,7 +40,8 @@ TEST_F(Variables, ColumnWithoutCoefficientsHasZeros) {
     const auto& rows = Access::constrs(*model);
     const KLOConstr constrs[] = {rows[2], rows[0], rows[1]};
     model->addVar(0, 1, 0, 'C', 3, constrs, nullptr, "z");
-    EXPECT_EQ(klo_fake::strs(), (Calls{"KLOaddvar(ptr, 3, [0, 1, 2], [0, 0, 0], 0, 0, 1, 'C', \"z\")"}));
+    EXPECT_EQ(klo_fake::strs(),
+              (Calls{"KLOaddvar(ptr, 3, [0, 1, 2], [0, 0, 0], 0, 0, 1, 'C', \"z\")"}));
 }
 
 TEST_F(Variables, ColumnTermsAreMergedAndSorted) {
@@ -56,10 +56,9 @@ TEST_F(Variables, ColumnTermsAreMergedAndSorted) {
     model->addVar(0, 1, 0, 'C', col);
     model->addVar(0, 1, 0, 'C', 2, single, coeffs);
     model->addVar(0, 1, 0, 'C', KLOColumn());
-    EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOaddvar(ptr, 2, [0, 2], [0, 2], 0, 0, 1, 'C', \"\")",
-                     "KLOaddvar(ptr, 2, [0, 1], [5, 4], 0, 0, 1, 'C', \"\")",
-                     "KLOaddvar(ptr, 0, null, null, 0, 0, 1, 'C', \"\")"}));
+    EXPECT_EQ(klo_fake::strs(), (Calls{"KLOaddvar(ptr, 2, [0, 2], [0, 2], 0, 0, 1, 'C', \"\")",
+                                       "KLOaddvar(ptr, 2, [0, 1], [5, 4], 0, 0, 1, 'C', \"\")",
+                                       "KLOaddvar(ptr, 0, null, null, 0, 0, 1, 'C', \"\")"}));
 }
 
 TEST_F(Variables, RemovedConstraintInAColumnIsRefusedBeforeTheLibrary) {
@@ -71,8 +70,10 @@ TEST_F(Variables, RemovedConstraintInAColumnIsRefusedBeforeTheLibrary) {
     col.addTerm(1.0, Access::constrs(*model)[0]);
     col.addTerm(1.0, gone);
     EXPECT_EQ(thrown([&] { model->addVar(0, 1, 0, 'C', col); }).getErrorCode(), -2002);
-    EXPECT_EQ(thrown([&] { model->addVars(nullptr, nullptr, nullptr, nullptr, nullptr, &col, 1); })
-                  .getErrorCode(), -2002);
+    EXPECT_EQ(thrown([&] {
+                  model->addVars(nullptr, nullptr, nullptr, nullptr, nullptr, &col, 1);
+              }).getErrorCode(),
+              -2002);
     EXPECT_EQ(klo_fake::functions(),
               (std::vector<std::string>{"KLOexplainerror", "KLOexplainerror"}));
 }
