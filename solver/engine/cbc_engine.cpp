@@ -25,14 +25,12 @@
 #include <CbcModel.hpp>
 #include <CbcSOS.hpp>
 #include <CbcSolver.hpp>
-#include <CoinError.hpp>
 #include <OsiClpSolverInterface.hpp>
 
 #include <algorithm>
 #include <cmath>
 #include <mutex>
 
-#include "common/error.h"
 #include "engine/cbc_arguments.h"
 #include "engine/cbc_hooks.h"
 #include "engine/coin_problem.h"
@@ -209,13 +207,10 @@ class CbcRun {
 class CbcEngine : public Engine {
  public:
   const char* name() const override { return "Cbc"; }
-  Result solve(const Problem& problem, const Settings& settings, const Callback& cb) override {
-    checkProblem(problem);
-    try {
-      return CbcRun(problem, settings, cb).run();
-    } catch (const CoinError& e) {
-      fail(KLO_ERROR_INTERNAL, "Cbc: " + e.message() + " in " + e.methodName());
-    }
+
+ protected:
+  Result run(const Problem& problem, const Settings& settings, const Callback& cb) override {
+    return CbcRun(problem, settings, cb).run();
   }
 };
 

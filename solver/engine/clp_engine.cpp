@@ -28,14 +28,12 @@
 #include <ClpInterior.hpp>
 #include <ClpPresolve.hpp>
 #include <ClpSimplex.hpp>
-#include <CoinError.hpp>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <memory>
 
-#include "common/error.h"
 #include "engine/clp_basis.h"
 #include "engine/coin_problem.h"
 #include "engine/engine.h"
@@ -281,13 +279,10 @@ class ClpRun {
 class ClpEngine : public Engine {
  public:
   const char* name() const override { return "Clp"; }
-  Result solve(const Problem& problem, const Settings& settings, const Callback& cb) override {
-    checkProblem(problem);
-    try {
-      return ClpRun(problem, settings, cb).run();
-    } catch (const CoinError& e) {
-      fail(KLO_ERROR_INTERNAL, "Clp: " + e.message() + " in " + e.methodName());
-    }
+
+ protected:
+  Result run(const Problem& problem, const Settings& settings, const Callback& cb) override {
+    return ClpRun(problem, settings, cb).run();
   }
 };
 

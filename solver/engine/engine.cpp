@@ -1,6 +1,20 @@
 #include "engine/engine.h"
 
+#include <CoinError.hpp>
+
+#include "common/error.h"
+#include "klo_c.h"
+
 namespace klo::engine {
+
+Result Engine::solve(const Problem& problem, const Settings& settings, const Callback& callback) {
+  checkProblem(problem);
+  try {
+    return run(problem, settings, callback);
+  } catch (const CoinError& e) {
+    fail(KLO_ERROR_INTERNAL, std::string(name()) + ": " + e.message() + " in " + e.methodName());
+  }
+}
 
 std::unique_ptr<Engine> engineFor(const Problem& problem) {
   return problem.isMip() ? makeCbcEngine() : makeClpEngine();

@@ -17,10 +17,15 @@ class Engine {
  public:
   virtual ~Engine() = default;
   virtual const char* name() const = 0;
-  // Throws klo::Error for a malformed problem; every solver outcome,
-  // failures included, is a status in the Result.
-  virtual Result solve(const Problem& problem, const Settings& settings,
-                       const Callback& callback) = 0;
+  // Every solver outcome, numerical failures included, is a status in the
+  // Result.  Throws klo::Error: KLO_ERROR_INVALID_ARGUMENT for a malformed
+  // problem, KLO_ERROR_INTERNAL when the engine itself throws.
+  Result solve(const Problem& problem, const Settings& settings, const Callback& callback = {});
+
+ protected:
+  // The adapter's work, on a problem already checked.
+  virtual Result run(const Problem& problem, const Settings& settings,
+                     const Callback& callback) = 0;
 };
 
 std::unique_ptr<Engine> makeClpEngine();

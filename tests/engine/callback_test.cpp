@@ -11,21 +11,6 @@
 namespace klo::engine::test {
 namespace {
 
-Problem instance(const char* name) {
-  return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + name + ".mps.gz");
-}
-
-// max 10a + 13b + 7c + 8d + 4e, 3a + 4b + 2c + 3d + e <= 7, binary: the
-// optimum is b, c, e with 24; without b the best is a, d, e with 22.
-Problem knapsack() {
-  ProblemBuilder b(KLO_MAXIMIZE);
-  const double value[] = {10, 13, 7, 8, 4}, weight[] = {3, 4, 2, 3, 1};
-  std::vector<std::pair<int, double>> row;
-  for (int k = 0; k < 5; ++k) row.emplace_back(b.col(value[k], 0, 1, 'B'), weight[k]);
-  b.row(row, -kInf, 7);
-  return b.problem();
-}
-
 // Heuristics and cuts off, so that the callback's actions show.
 Settings bare() {
   Settings s = quietSettings();
@@ -35,7 +20,7 @@ Settings bare() {
 }
 
 TEST(Callback, IncumbentsImproveAndMatchTheResult) {
-  Problem p = instance("p0548");
+  Problem p = readInstance("p0548");
   struct Seen {
     double obj;
     int count;
@@ -68,7 +53,7 @@ TEST(Callback, IncumbentsImproveAndMatchTheResult) {
 }
 
 TEST(Callback, ProgressReportsNodesAndABoundBelowTheIncumbent) {
-  Problem p = instance("stein27");
+  Problem p = readInstance("stein27");
   int calls = 0;
   int lastNodes = -1;
   Callback cb = [&](CallbackContext& ctx) {
@@ -93,7 +78,7 @@ TEST(Callback, ProgressReportsNodesAndABoundBelowTheIncumbent) {
 }
 
 TEST(Callback, StopEndsTheSearchWithTheIncumbentKept) {
-  Problem p = instance("stein27");
+  Problem p = readInstance("stein27");
   Callback cb = [](CallbackContext& ctx) { return ctx.where == KLO_CB_MIPSOL ? KLO_CB_STOP : 0; };
   Result r = makeCbcEngine()->solve(p, quietSettings(), cb);
   EXPECT_EQ(r.status, KLO_STATUS_INTERRUPTED);

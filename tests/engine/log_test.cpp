@@ -10,17 +10,13 @@
 namespace klo::engine::test {
 namespace {
 
-Problem instance(const char* name) {
-  return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + name + ".mps.gz");
-}
-
 bool anyStartsWith(const std::vector<std::string>& lines, const std::string& prefix) {
   return std::any_of(lines.begin(), lines.end(),
                      [&](const std::string& l) { return l.rfind(prefix, 0) == 0; });
 }
 
 TEST(EngineLog, MipProgressLinesAndSummary) {
-  Problem p = instance("stein27");
+  Problem p = readInstance("stein27");
   std::vector<std::string> lines;
   Settings s = quietSettings(&lines);
   s.progressInterval = 0.0;  // a line at every node
@@ -37,7 +33,7 @@ TEST(EngineLog, MipProgressLinesAndSummary) {
 }
 
 TEST(EngineLog, LpSummary) {
-  Problem p = instance("afiro");
+  Problem p = readInstance("afiro");
   std::vector<std::string> lines;
   makeClpEngine()->solve(p, quietSettings(&lines), {});
   ASSERT_FALSE(lines.empty());
@@ -45,7 +41,7 @@ TEST(EngineLog, LpSummary) {
 }
 
 TEST(EngineLog, HigherLevelsAddEngineMessages) {
-  Problem p = instance("p0033");
+  Problem p = readInstance("p0033");
   std::vector<std::string> one, three;
   Settings s = quietSettings(&one);
   makeCbcEngine()->solve(p, s, {});
@@ -57,7 +53,7 @@ TEST(EngineLog, HigherLevelsAddEngineMessages) {
 
 TEST(EngineLog, LevelZeroIsSilentEverywhere) {
   for (const char* name : {"afiro", "p0033"}) {
-    Problem p = instance(name);
+    Problem p = readInstance(name);
     std::vector<std::string> lines;
     Settings s = quietSettings(&lines);
     s.logLevel = 0;
@@ -74,7 +70,7 @@ TEST(EngineLog, LevelZeroIsSilentEverywhere) {
 }
 
 TEST(EngineLog, LevelOneKeepsStdoutClean) {
-  Problem p = instance("p0033");
+  Problem p = readInstance("p0033");
   std::vector<std::string> lines;
   testing::internal::CaptureStdout();
   makeCbcEngine()->solve(p, quietSettings(&lines), {});

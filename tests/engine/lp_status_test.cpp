@@ -62,13 +62,9 @@ TEST(LpStatus, UnboundedGivesAnImprovingFeasibleDirection) {
   }
 }
 
-Problem instance(const char* name) {
-  return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + name + ".mps.gz");
-}
-
 TEST(LpStatus, IterationLimitStopsWithItsStatus) {
   for (int presolve : {0, 1}) {
-    Problem p = instance("25fv47");
+    Problem p = readInstance("25fv47");
     Settings s = quietSettings();
     s.presolve = presolve;
     s.maxSimplexIterations = 20;
@@ -89,7 +85,7 @@ TEST(LpStatus, IterationLimitStopsWithItsStatus) {
 }
 
 TEST(LpStatus, BarrierIterationLimitStopsWithItsStatus) {
-  Problem p = instance("25fv47");
+  Problem p = readInstance("25fv47");
   Settings s = quietSettings();
   s.method = LpMethod::Barrier;
   s.maxBarrierIterations = 3;
@@ -100,7 +96,7 @@ TEST(LpStatus, BarrierIterationLimitStopsWithItsStatus) {
 }
 
 TEST(LpStatus, BarrierCountsItsIterations) {
-  Problem p = instance("afiro");
+  Problem p = readInstance("afiro");
   Settings s = quietSettings();
   s.method = LpMethod::Barrier;
   Result r = makeClpEngine()->solve(p, s, {});
@@ -111,7 +107,7 @@ TEST(LpStatus, BarrierCountsItsIterations) {
 }
 
 TEST(LpStatus, TimeLimitStopsWithItsStatus) {
-  Problem p = instance("25fv47");
+  Problem p = readInstance("25fv47");
   Settings s = quietSettings();
   s.presolve = 0;
   s.maxTime = 0.0;
@@ -120,7 +116,7 @@ TEST(LpStatus, TimeLimitStopsWithItsStatus) {
 }
 
 TEST(LpStatus, CallbackSeesIterationsAndStops) {
-  Problem p = instance("25fv47");
+  Problem p = readInstance("25fv47");
   Settings s = quietSettings();
   int calls = 0;
   int lastIters = -1;

@@ -35,7 +35,7 @@ void expectWarmWins(const WarmCold& wc) {
   EXPECT_LT(wc.warm.simplexIterations, wc.cold.simplexIterations);
 }
 
-Problem base() { return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/25fv47.mps.gz"); }
+Problem base() { return readInstance("25fv47"); }
 
 TEST(LpWarmStart, AfterChangingBounds) {
   Problem p = base(), q = p;

@@ -15,18 +15,6 @@ Result solveMip(Problem& p, const Settings& s = quietSettings()) {
   return makeCbcEngine()->solve(p, s, {});
 }
 
-// max 10a + 13b + 7c + 8d + 4e  s.t.  3a + 4b + 2c + 3d + e <= 7, binary.
-// The pairs and triples that fit: a+b 23, b+d 21, a+d+e 22, a+c+e 21,
-// b+c+e 24 (weight 7), c+d+e 19 -> optimum b, c, e with 24.
-Problem knapsack() {
-  ProblemBuilder b(KLO_MAXIMIZE);
-  const double value[] = {10, 13, 7, 8, 4}, weight[] = {3, 4, 2, 3, 1};
-  std::vector<std::pair<int, double>> row;
-  for (int k = 0; k < 5; ++k) row.emplace_back(b.col(value[k], 0, 1, 'B'), weight[k]);
-  b.row(row, -kInf, 7);
-  return b.problem();
-}
-
 TEST(Mip, KnapsackMaximised) {
   Problem p = knapsack();
   Result r = solveMip(p);
@@ -111,10 +99,6 @@ TEST(Mip, InfeasibleAndUnboundedStatuses) {
   EXPECT_TRUE(r.status == KLO_STATUS_UNBOUNDED || r.status == KLO_STATUS_INF_OR_UNBD) << r.status;
 }
 
-Problem instance(const char* name) {
-  return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + name + ".mps.gz");
-}
-
 // stein27 needs hundreds of nodes; each limit stops it early with its own
 // status and a feasible incumbent still readable.
 TEST(Mip, LimitsStopWithTheBestSolutionSoFar) {
@@ -130,7 +114,7 @@ TEST(Mip, LimitsStopWithTheBestSolutionSoFar) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
-    Problem p = instance("stein27");
+    Problem p = readInstance("stein27");
     Settings s = quietSettings();
     c.set(s);
     Result r = solveMip(p, s);
@@ -144,7 +128,7 @@ TEST(Mip, LimitsStopWithTheBestSolutionSoFar) {
 }
 
 TEST(Mip, NodeLimitIsRespected) {
-  Problem p = instance("stein27");
+  Problem p = readInstance("stein27");
   Settings s = quietSettings();
   s.maxNodes = 10;
   Result r = solveMip(p, s);
@@ -154,7 +138,7 @@ TEST(Mip, NodeLimitIsRespected) {
 // A generous relative gap stops at the root with status optimal: within
 // the tolerance, as the status promises.
 TEST(Mip, GapLimitCountsAsOptimal) {
-  Problem p = instance("stein27");
+  Problem p = readInstance("stein27");
   Settings s = quietSettings();
   s.gapRel = 0.5;
   Result r = solveMip(p, s);
@@ -196,7 +180,7 @@ TEST(Mip, StartIsUsed) {
 
 // The pool holds distinct feasible solutions, best first, the first being x.
 TEST(Mip, PoolHoldsEarlierIncumbentsBestFirst) {
-  Problem p = instance("qnet1");
+  Problem p = readInstance("qnet1");
   Settings s = quietSettings();
   s.solutionPoolSize = 3;
   Result r = solveMip(p, s);

@@ -41,4 +41,17 @@ Problem readMpsProblem(const std::string& path) {
   return p;
 }
 
+Problem readInstance(const std::string& name) {
+  return readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + name + ".mps.gz");
+}
+
+Problem knapsack() {
+  ProblemBuilder b(-1);
+  const double value[] = {10, 13, 7, 8, 4}, weight[] = {3, 4, 2, 3, 1};
+  std::vector<std::pair<int, double>> row;
+  for (int k = 0; k < 5; ++k) row.emplace_back(b.col(value[k], 0, 1, 'B'), weight[k]);
+  b.row(row, -kInf, 7);
+  return b.problem();
+}
+
 }  // namespace klo::engine::test

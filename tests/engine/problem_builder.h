@@ -54,6 +54,13 @@ inline Settings quietSettings(std::vector<std::string>* lines = nullptr) {
 
 // Reads an MPS file (optionally gzipped) with CoinMpsIO into a Problem.
 Problem readMpsProblem(const std::string& path);
+// The shared instance of that name (index.csv's name column).
+Problem readInstance(const std::string& name);
+
+// max 10a + 13b + 7c + 8d + 4e  s.t.  3a + 4b + 2c + 3d + e <= 7, binary.
+// The sets that fit: a+b 23, b+d 21, a+d+e 22, a+c+e 21, b+c+e 24 (weight
+// 7), c+d+e 19 -> optimum b, c, e with 24; without b, a+d+e with 22.
+Problem knapsack();
 
 }  // namespace klo::engine::test
 
