@@ -23,6 +23,8 @@ Basis readBasisFile(const std::string& path, const ModelData& d) {
   NameTable cols = tableOf(fileNames(d.varNames, "C"));
   NameTable rows = tableOf(fileNames(d.rowNames, "R"));
   Basis b{std::vector<int>(d.numVars(), KLO_BASIS_LOWER), std::vector<int>(d.numRows(), KLO_BASIS_BASIC)};
+  for (int j = 0; j < d.numVars(); ++j)
+    if (d.lb[j] == d.ub[j]) b.cols[j] = KLO_BASIS_FIXED;
   std::istringstream in(readTextFile(path));
   std::string line;
   bool ended = false;

@@ -73,9 +73,13 @@ void writeMps(const std::string& path, const ModelData& d) {
   std::vector<char> integer(d.numVars());
   for (int j = 0; j < d.numVars(); ++j)
     integer[j] = d.type[j] == 'I' || d.type[j] == 'B' ? 1 : d.type[j] == 'S' || d.type[j] == 'N' ? 3 : 0;
+  // The char* form: the std::string overload of setMpsData leaks the names.
+  std::vector<const char*> colPtr, rowPtr;
+  for (const std::string& n : cols) colPtr.push_back(n.c_str());
+  for (const std::string& n : rows) rowPtr.push_back(n.c_str());
   CoinMpsIO io;
   io.setMpsData(columnMatrix(d), 1e20, d.lb.data(), d.ub.data(), d.obj().data(), integer.data(),
-                rowLo.data(), rowUp.data(), cols, rows);
+                rowLo.data(), rowUp.data(), colPtr.data(), rowPtr.data());
   io.copyInIntegerInformation(integer.data());
   io.setProblemName(problemName(d.name).c_str());
   io.setObjectiveOffset(-d.objectives[0].constant);
