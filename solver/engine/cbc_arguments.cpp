@@ -58,7 +58,8 @@ std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, doubl
   add(a, "integerTolerance", formatNumber(s.integerTolerance));
   addCuts(a, s.levelCuts);
   addHeuristics(a, s.levelHeurs);
-  if (withCallback)
+  if (s.presolve == 0) add(a, "presolve", "off");
+  if (withCallback || s.presolve == 0)
     add(a, "preprocess", "off");
   else if (!p.sos.empty())
     add(a, "preprocess", "sos");

@@ -82,6 +82,8 @@ class CbcRun {
         upper[j] = std::min(upper[j], 1.0);
       }
     solver_.messageHandler()->setLogLevel(0);
+    solver_.setDblParam(OsiPrimalTolerance, s_.primalTolerance);
+    solver_.setDblParam(OsiDualTolerance, s_.dualTolerance);
     solver_.loadProblem(packedMatrix(p_), lower.data(), upper.data(), obj.data(),
                         coinBounds(p_.rowLower).data(), coinBounds(p_.rowUpper).data());
     for (int j = 0; j < p_.numCols(); ++j)

@@ -136,5 +136,28 @@ TEST(LpStatus, CallbackSeesIterationsAndStops) {
   EXPECT_LE(r.simplexIterations, 12);
 }
 
+// Degenerate shapes: bounds only (x in [1, 3] minimised, y <= 4 maximised
+// through -y: optimum 1 - 4 = -3), nothing at all, and an empty row whose
+// range excludes 0.
+TEST(LpStatus, ProblemsWithoutRowsOrColumns) {
+  ProblemBuilder bounds;
+  bounds.col(1, 1, 3);
+  bounds.col(-1, -kInf, 4);
+  Result r = makeClpEngine()->solve(bounds.problem(), quietSettings());
+  EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, -3, 1e-9);
+  EXPECT_TRUE(r.duals.empty());
+
+  ProblemBuilder nothing;
+  r = makeClpEngine()->solve(nothing.problem(), quietSettings());
+  EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_EQ(r.objective, 0);
+
+  ProblemBuilder emptyRow;
+  emptyRow.row({}, 1, 2);
+  r = makeClpEngine()->solve(emptyRow.problem(), quietSettings());
+  EXPECT_EQ(r.status, KLO_STATUS_INFEASIBLE);
+}
+
 }  // namespace
 }  // namespace klo::engine::test

@@ -197,5 +197,28 @@ TEST(Mip, PoolHoldsEarlierIncumbentsBestFirst) {
   }
 }
 
+TEST(Mip, WithoutRows) {
+  ProblemBuilder b;
+  b.col(1, 1, 3, 'I');
+  b.col(-1, -kInf, 4.5, 'I');  // integer: 4 at most
+  Result r = solveMip(b.problem());
+  EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, -3, 1e-9);
+}
+
+// Without preprocessing and with two threads the search still ends at
+// the optimum (index.csv: flugpl 1201500).
+TEST(Mip, PresolveOffAndThreads) {
+  for (int threads : {1, 2}) {
+    Problem p = readInstance("flugpl");
+    Settings s = quietSettings();
+    s.presolve = 0;
+    s.numThreads = threads;
+    Result r = solveMip(p, s);
+    EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+    EXPECT_NEAR(r.objective, 1201500, 1e-6 * 1201500 + s.gapRel * 1201500);
+  }
+}
+
 }  // namespace
 }  // namespace klo::engine::test
