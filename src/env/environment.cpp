@@ -10,17 +10,25 @@ namespace {
 
 KLOenv* lib(void* env) { return static_cast<KLOenv*>(env); }
 
+// The library may hand out an environment even when it fails; that one is
+// freed before the failure is raised, so a failed constructor leaves nothing.
+void* checkedEnv(int status, KLOenv* env) {
+    if (status != 0 && env) KLOfreeenv(env);
+    klo_detail::check(status);
+    return env;
+}
+
 void* load(const char* logFile) {
     KLOenv* env = nullptr;
-    klo_detail::check(KLOloadenv(&env, logFile));
-    return env;
+    const int status = KLOloadenv(&env, logFile);
+    return checkedEnv(status, env);
 }
 
 void* create(bool empty) {
     if (!empty) return load(nullptr);
     KLOenv* env = nullptr;
-    klo_detail::check(KLOemptyenv(&env));
-    return env;
+    const int status = KLOemptyenv(&env);
+    return checkedEnv(status, env);
 }
 
 }  // namespace

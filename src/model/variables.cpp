@@ -130,6 +130,7 @@ void KLOModel::remove(KLOVar v) {
     const int k = v.index();
     check(KLOdelvars(lib(model_), 1, &k));
     const int size = static_cast<int>(vars_.size());
+    if (k < 0 || k >= size) return;  // the library refuses these; nothing to renumber
     for (int i = k; i < size - 1; ++i) {
         vars_[i] = vars_[i + 1];
         klo_detail::renumber(vars_[i], i);

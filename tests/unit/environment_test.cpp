@@ -23,12 +23,14 @@ TEST_F(Environment, LoadedEnvironmentHasNoLogFileUnlessGivenOne) {
                      "KLOfreeenv(ptr)", "KLOloadenv(ptr, \"other.log\")", "KLOfreeenv(ptr)"}));
 }
 
-TEST_F(Environment, FailedCreationThrowsTheLibrarysError) {
+TEST_F(Environment, FailedCreationFreesWhatTheLibraryMadeAndThrows) {
     klo_fake::on("KLOloadenv").status(-7);
     klo_fake::explain(-7, "not started");
     KLOException e = thrown([] { KLOEnv env; });
     EXPECT_EQ(e.getErrorCode(), -7);
     EXPECT_EQ(e.getMessage(), "not started");
+    EXPECT_EQ(klo_fake::functions(),
+              (std::vector<std::string>{"KLOloadenv", "KLOfreeenv", "KLOexplainerror"}));
 }
 
 TEST_F(Environment, StartAndMessage) {
