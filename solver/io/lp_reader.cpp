@@ -262,31 +262,38 @@ class LpReader {
     std::string name = optionalLabel();
     if (peek().kind == LpToken::Name && isOp("=", 1) && peek(2).kind == LpToken::Number && isOp("->", 3))
       return indicator(name, line);
-    Expr a = expr();
-    std::string op1 = relation();
-    Expr b = expr();
     double lo = -1e20, up = 1e20;
-    Expr* body = &a;
-    if (isRelation()) {  // lo <= expr <= up
-      std::string op2 = relation();
-      Expr c = expr();
-      if (a.hasVars() || c.hasVars() || op1 != op2 || op1 == "=")
-        bad("a range must read  number <= expression <= number");
-      lo = op1 == "<=" ? a.constant : c.constant;
-      up = op1 == "<=" ? c.constant : a.constant;
-      body = &b;
-      lo -= b.constant;
-      up -= b.constant;
-    } else if (!b.hasVars()) {
-      setBounds(op1, b.constant - a.constant, lo, up);
-    } else if (!a.hasVars()) {
-      setBounds(op1 == "<=" ? ">=" : op1 == ">=" ? "<=" : "=", a.constant - b.constant, lo, up);
-      body = &b;
+    Expr body;
+    if (startsWithNumber()) {  // lo <= expr <= up, number <= expr, or "0 <= 5"
+      double first = number();
+      std::string op1 = relation();
+      body = expr();
+      if (isRelation()) {
+        std::string op2 = relation();
+        double last = number();
+        if (op1 != op2 || op1 == "=") bad("a range must read  number <= expression <= number");
+        lo = (op1 == "<=" ? first : last) - body.constant;
+        up = (op1 == "<=" ? last : first) - body.constant;
+      } else if (body.hasVars()) {
+        setBounds(op1 == "<=" ? ">=" : op1 == ">=" ? "<=" : "=", first - body.constant, lo, up);
+      } else {  // an empty row: constant relation constant
+        setBounds(op1, body.constant - first, lo, up);
+        body = Expr();
+      }
     } else {
-      bad("variables on both sides of a relation");
+      body = expr();
+      std::string op = relation();
+      setBounds(op, number() - body.constant, lo, up);
     }
-    PendingRow r{name, line, std::move(*body), lo, up};
-    rows_.push_back(std::move(r));
+    rows_.push_back(PendingRow{name, line, std::move(body), lo, up});
+  }
+
+  // A constant (optionally signed number or infinity) followed by a relation.
+  bool startsWithNumber() const {
+    size_t k = 0;
+    while (isOp("+", k) || isOp("-", k)) ++k;
+    bool constant = peek(k).kind == LpToken::Number || (peek(k).kind == LpToken::Name && isInfinity(peek(k).text));
+    return constant && (isOp("<=", k + 1) || isOp(">=", k + 1) || isOp("=", k + 1));
   }
 
   static void setBounds(const std::string& op, double rhs, double& lo, double& up) {
@@ -320,22 +327,26 @@ class LpReader {
       d_.ub[j] = 1e20;
       return;
     }
-    Expr a = expr();
-    std::string op1 = relation();
-    Expr b = expr();
-    Expr* var = a.hasVars() ? &a : &b;
-    Expr* num = a.hasVars() ? &b : &a;
-    if (var->ind.size() != 1 || num->hasVars() || !var->qr.empty() || var->val[0] != 1)
-      bad("a bound must read  variable <= number  or  number <= variable <= number");
-    int j = var->ind[0];
-    std::string op = var == &a ? op1 : op1 == "<=" ? ">=" : op1 == ">=" ? "<=" : "=";
-    applyBound(j, op, num->constant);
-    if (isRelation()) {
-      std::string op2 = relation();
-      Expr c = expr();
-      if (var != &b || c.hasVars()) bad("a bound must read  number <= variable <= number");
-      applyBound(j, op2, c.constant);
+    if (startsWithNumber()) {  // number <= x [<= number]
+      double first = number();
+      std::string op1 = relation();
+      int j = boundVariable();
+      applyBound(j, op1 == "<=" ? ">=" : op1 == ">=" ? "<=" : "=", first);
+      if (isRelation()) {
+        std::string op2 = relation();
+        applyBound(j, op2, number());
+      }
+      return;
     }
+    int j = boundVariable();
+    std::string op = relation();
+    applyBound(j, op, number());
+  }
+
+  int boundVariable() {
+    if (peek().kind != LpToken::Name || isInfinity(peek().text))
+      bad("a bound must read  variable <= number  or  number <= variable <= number");
+    return column(next().text);
   }
 
   void applyBound(int j, const std::string& op, double v) {

@@ -104,7 +104,7 @@ void copyColumns(const CoinMpsIO& io, ModelData& d) {
     d.varNames.append(io.columnName(j));
   }
   d.objectives[0].coef.assign(io.getObjCoefficients(), io.getObjCoefficients() + n);
-  d.objectives[0].constant = -io.objectiveOffset();
+  d.objectives[0].constant = 0.0 - io.objectiveOffset();  // no -0 for an absent constant
 }
 
 void copyRows(const CoinMpsIO& io, ModelData& d) {

@@ -1,5 +1,9 @@
 #include "model_snapshot.h"
 
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdlib>
 #include <sstream>
 #include <vector>
 
@@ -131,6 +135,24 @@ std::string snapshot(KLOmodel* m, SnapshotOptions o) {
   psd(m, out);
   out << "objectives " << intAttr(m, "NumObj") << "\n";
   return out.str();
+}
+
+bool sameNumbers(const std::string& a, const std::string& b, double relTol) {
+  const char* p = a.c_str();
+  const char* q = b.c_str();
+  while (*p && *q) {
+    char* pe = nullptr;
+    char* qe = nullptr;
+    double x = std::strtod(p, &pe), y = std::strtod(q, &qe);
+    if (pe != p && qe != q && std::isdigit(static_cast<unsigned char>(pe[-1])) &&
+        std::isdigit(static_cast<unsigned char>(qe[-1]))) {
+      if (std::fabs(x - y) > relTol * std::max(std::fabs(x), std::fabs(y))) return false;
+      p = pe, q = qe;
+    } else if (*p++ != *q++) {
+      return false;
+    }
+  }
+  return *p == *q;
 }
 
 }  // namespace klotest
