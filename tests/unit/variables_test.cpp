@@ -150,6 +150,18 @@ TEST_F(Variables, RemovingVariableTwoOfFiveRenumbers) {
     EXPECT_EQ(thrown([&] { before[2].get(KLO_DoubleAttr_X); }).getErrorCode(), -2003);
 }
 
+TEST_F(Variables, RemovingTwiceLetsTheLibraryRefuseTheNegativeIndex) {
+    auto model = readModel(3, 0);
+    const KLOVar x = Access::vars(*model)[2];
+    model->remove(x);
+    klo_fake::reset();
+    klo_fake::on("KLOdelvars").status(-2003);
+    EXPECT_EQ(thrown([&] { model->remove(x); }).getErrorCode(), -2003);
+    EXPECT_EQ(klo_fake::strs().front(), "KLOdelvars(ptr, 1, [-3])");
+    EXPECT_EQ(x.index(), -3);
+    EXPECT_EQ(Access::vars(*model).size(), 2u);
+}
+
 TEST_F(Variables, RemovingTheFirstVariableMarksItMinusOne) {
     auto model = readModel(2, 0);
     const KLOVar first = Access::vars(*model)[0];
