@@ -101,6 +101,9 @@ class CbcRun {
     model.addCutGenerator(&cuts, 1, "callback", true, false, false, -100, -1, -1);
     ProposedSolutions heuristic(state_);
     model.addHeuristic(&heuristic);
+    RequestedBranch branching(&model, state_.branchRequest);
+    OsiObject* objects[] = {&branching};
+    model.addObjects(1, objects);  // Cbc keeps a clone
   }
 
   void addSos(CbcModel& model) {

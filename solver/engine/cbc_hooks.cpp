@@ -136,13 +136,20 @@ int SearchState::addCut(int len, const int* ind, const double* val, char sense, 
   return KLO_OK;
 }
 
-// Branching requests need a CbcObject of their own; not offered yet.
-int SearchState::branch(int, double, int) { return KLO_CB_IGNORED; }
+// Integer columns only, and only when both arms fit the node's bounds.
+int SearchState::branch(int column, double value, int dir) {
+  if (!integerFlags_[column] || !ctx.nodeLower || !ctx.nodeUpper) return KLO_CB_IGNORED;
+  const double down = std::floor(value + settings.integerTolerance);
+  if (down < ctx.nodeLower[column] || down + 1 > ctx.nodeUpper[column]) return KLO_CB_IGNORED;
+  branchRequest = BranchRequest{column, down, dir};
+  return KLO_OK;
+}
 
 CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
   SearchState& s = *state_;
   if (model_->parentModel()) return noAction;  // a sub-search of a heuristic
   if (e == node) {
+    s.branchRequest.column = -1;  // a request lasts for its own node only
     s.observe(*model_);
     s.call(KLO_CB_MIP);
     s.progress(false, false);

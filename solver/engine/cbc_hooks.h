@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "engine/callback_context.h"
+#include "engine/cbc_branching.h"
 #include "engine/problem.h"
 #include "engine/result.h"
 #include "engine/settings.h"
@@ -56,6 +57,7 @@ class SearchState : public CallbackActions {
   // than the one before); the solution pool comes from them.
   std::vector<PoolSolution> incumbents;
   OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
+  BranchRequest branchRequest;      // for the node being processed
 
  private:
   std::vector<double> complete(const double* x, bool& ok) const;

@@ -151,6 +151,43 @@ TEST(Callback, ProposedSolutionsAreCheckedCompletedAndUsed) {
   EXPECT_NEAR(incumbents.front(), 24, 1e-9);
 }
 
+// Asked at the root to branch (up first) on a column whose relaxation
+// value is already integral, which Cbc would never pick itself, the next
+// node has that column's lower bound raised to 1.  A request whose up arm
+// leaves the bounds is ignored.
+TEST(Callback, BranchRequestsChooseTheColumn) {
+  Problem p = readInstance("stein27");
+  int column = -1;
+  std::vector<int> codes;
+  std::vector<std::pair<double, double>> bounds;  // the column's, at each node
+  Callback cb = [&](CallbackContext& ctx) {
+    if (ctx.where != KLO_CB_MIPNODE) return 0;
+    const double* rel = nullptr;
+    const double* lower = nullptr;
+    const double* upper = nullptr;
+    callbackGet(ctx, KLO_CB_MIPNODE, KLO_CBINFO_NODEREL_IDX, &rel);
+    callbackGet(ctx, KLO_CB_MIPNODE, KLO_CBINFO_NODELB, &lower);
+    callbackGet(ctx, KLO_CB_MIPNODE, KLO_CBINFO_NODEUB, &upper);
+    if (column < 0) {
+      for (int j = 0; j < ctx.numVars && column < 0; ++j)
+        if (std::fabs(rel[j] - std::round(rel[j])) < 1e-9 && lower[j] == 0 && upper[j] == 1) column = j;
+      if (column < 0) return 0;
+      codes.push_back(callbackBranch(ctx, column, 1.0, 1));  // x >= 2: no
+      codes.push_back(callbackBranch(ctx, column, 0.5, 1));
+    }
+    bounds.emplace_back(lower[column], upper[column]);
+    return 0;
+  };
+  Settings s = bare();
+  s.maxNodes = 5;
+  makeCbcEngine()->solve(p, s, cb);
+  ASSERT_GE(column, 0);
+  EXPECT_EQ(codes, (std::vector<int>{KLO_CB_IGNORED, KLO_OK}));
+  ASSERT_GE(bounds.size(), 2u);
+  EXPECT_EQ(bounds[0], std::make_pair(0.0, 1.0));
+  EXPECT_EQ(bounds[1], std::make_pair(1.0, 1.0));
+}
+
 TEST(Callback, InformationOutsideItsLocationIsRefused) {
   Problem p = knapsack();
   std::vector<int> codes;
