@@ -75,25 +75,29 @@ class LpReader {
   // A section header (a keyword standing alone on its line), consumed;
   // None otherwise.
   Section sectionAt() {
+    size_t words = 0;
+    int sense = sense_;
+    Section s = headerAhead(words, sense);
+    if (s != Section::None) p_ += words, sense_ = sense;
+    return s;
+  }
+
+  // The section whose header starts at the current token, with its length
+  // in tokens and the objective sense it sets.
+  Section headerAhead(size_t& words, int& sense) const {
     const LpToken& tok = peek();
     if (!tok.lineStart || tok.kind != LpToken::Name) return Section::None;
     std::string w = lower(tok.text);
-    size_t words = 1;
+    words = 1;
     if ((w == "subject" && lower(peek(1).text) == "to") || (w == "such" && lower(peek(1).text) == "that"))
       w += " " + lower(peek(1).text), words = 2;
     if (w == "semi" && isOp("-", 1) && lower(peek(2).text) == "continuous")
       w = "semi-continuous", words = 3;  // lexed as three tokens
     if (peek(words).line == tok.line && peek(words).kind != LpToken::End) return Section::None;
-    Section s = headerSection(w);
-    if (s != Section::None) p_ += words;
-    return s;
-  }
-
-  Section headerSection(const std::string& w) {
     for (const char* k : {"minimize", "minimise", "minimum", "min"})
-      if (w == k) return sense_ = 1, Section::Objective;
+      if (w == k) return sense = 1, Section::Objective;
     for (const char* k : {"maximize", "maximise", "maximum", "max"})
-      if (w == k) return sense_ = -1, Section::Objective;
+      if (w == k) return sense = -1, Section::Objective;
     for (const char* k : {"subject to", "such that", "st", "s.t.", "st."})
       if (w == k) return Section::Rows;
     if (w == "bounds" || w == "bound") return Section::Bounds;
@@ -106,6 +110,12 @@ class LpReader {
     if (w == "sos") return Section::Sos;
     if (w == "end") return Section::End;
     return Section::None;
+  }
+
+  bool atHeader() const {
+    size_t words = 0;
+    int sense = 0;
+    return headerAhead(words, sense) != Section::None;
   }
 
   void statement(Section s) {
@@ -213,7 +223,7 @@ class LpReader {
     }
     // A name followed by ':' labels the next statement, and a number ends
     // its line's statement unless its variable follows on the same line.
-    bool variable = peek().kind == LpToken::Name && !isOp(":", 1) &&
+    bool variable = peek().kind == LpToken::Name && !isOp(":", 1) && !atHeader() &&
                     (!haveNumber || peek().line == numberLine || star);
     if (variable) {
       if (isInfinity(peek().text) && !haveNumber) {
@@ -271,7 +281,9 @@ class LpReader {
       if (isRelation()) {
         std::string op2 = relation();
         double last = number();
-        if (op1 != op2 || op1 == "=") bad("a range must read  number <= expression <= number");
+        if (op1 != op2 || op1 == "=")
+          fail(KLO_ERROR_FILE_READ, path_ + ":" + std::to_string(line) +
+                                        ": a range must read  number <= expression <= number");
         lo = (op1 == "<=" ? first : last) - body.constant;
         up = (op1 == "<=" ? last : first) - body.constant;
       } else if (body.hasVars()) {

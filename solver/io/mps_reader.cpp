@@ -3,6 +3,7 @@
 #include <CoinPackedMatrix.hpp>
 
 #include <algorithm>
+#include <cctype>
 #include <memory>
 #include <sstream>
 
@@ -91,6 +92,21 @@ std::unique_ptr<Attempt> attempt(const std::string& text) {
 
 double bound(double v) { return normBound(v); }
 
+// "path:line: what" from a CoinMpsIO message such as "Bad image at line 6
+// < x obj abc >" (its file name is our temporary copy's).
+std::string complaint(const std::string& path, std::string msg) {
+  if (msg.empty()) return path + ": not a valid MPS file";
+  size_t file = msg.find(" of file ");
+  if (file != std::string::npos) msg.erase(file);
+  size_t at = msg.find(" at line ");
+  if (at == std::string::npos) return path + ": " + msg;
+  size_t digits = at + 9, end = digits;
+  while (end < msg.size() && std::isdigit(static_cast<unsigned char>(msg[end]))) ++end;
+  std::string line = msg.substr(digits, end - digits);
+  msg.erase(at, end - at);
+  return path + ":" + line + ": " + msg;
+}
+
 void copyColumns(const CoinMpsIO& io, ModelData& d) {
   int n = io.getNumCols();
   for (int j = 0; j < n; ++j) {
@@ -175,12 +191,7 @@ ModelData readMps(const std::string& path) {
     std::unique_ptr<Attempt> retry = attempt(markedFree(text));
     if (retry->status == 0) a = std::move(retry);
   }
-  if (a->status != 0) {
-    std::string why = a->handler.first().empty() ? "not a valid MPS file" : a->handler.first();
-    size_t tmp = why.find("of file ");
-    if (tmp != std::string::npos) why = why.substr(0, tmp + 8) + path;
-    fail(KLO_ERROR_FILE_READ, path + ": " + why);
-  }
+  if (a->status != 0) fail(KLO_ERROR_FILE_READ, complaint(path, a->handler.first()));
   ModelData d;
   d.name = a->io->getProblemName();
   d.sense = objectiveSense(text);
