@@ -41,8 +41,9 @@ void addLimits(Args& a, const Problem& p, const Settings& s, double timeLeft) {
   if (s.maxSolutions < INT_MAX) add(a, "maxSolutions", std::to_string(s.maxSolutions));
   add(a, "allowableGap", formatNumber(s.gapAbs));
   add(a, "ratioGap", formatNumber(s.gapRel));
-  // Cbc minimises: a maximisation reaches it negated.
-  if (std::fabs(s.cutoff) < kInfinity) add(a, "cutoff", formatNumber(p.sense * s.cutoff));
+  // Cbc minimises, without our constant: a maximisation reaches it negated.
+  if (std::fabs(s.cutoff) < kInfinity)
+    add(a, "cutoff", formatNumber(p.sense * (s.cutoff - p.objConstant)));
 }
 
 }  // namespace

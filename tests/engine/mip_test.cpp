@@ -160,6 +160,12 @@ TEST(Mip, CutoffInTheModelsSense) {
   r = solveMip(p, s);
   EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
   EXPECT_NEAR(r.objective, 24, 1e-9);
+  // The cutoff is a value of the whole objective, constant included.
+  p.objConstant = 100;
+  s.cutoff = 123;
+  EXPECT_NEAR(solveMip(p, s).objective, 124, 1e-9);
+  s.cutoff = 125;
+  EXPECT_EQ(solveMip(p, s).status, KLO_STATUS_CUTOFF);
 }
 
 // With search and heuristics off and no nodes allowed, only the start can
