@@ -416,6 +416,8 @@ public:
     /// Writes text to the library's log (failures are ignored).
     void message(const std::string& text);
 
+    /// Reads and writes parameters by enumerator; the library refuses
+    /// values out of range (klo_c.h lists each parameter's range).
     int get(KLO_IntParam param) const;
     double get(KLO_DoubleParam param) const;
     std::string get(KLO_StringParam param) const;
@@ -527,7 +529,9 @@ class KLOConstr {
 public:
     /// An empty handle; every operation on it throws.
     KLOConstr() = default;
+    /// The current index (negative once removed).
     int index() const;
+    /// True when both handles share one identity record.
     bool sameAs(KLOConstr other) const;
     int get(KLO_IntAttr attr) const;
     char get(KLO_CharAttr attr) const;
@@ -548,7 +552,9 @@ class KLOQConstr {
 public:
     /// An empty handle; every operation on it throws.
     KLOQConstr() = default;
+    /// The current index (negative once removed).
     int index() const;
+    /// True when both handles share one identity record.
     bool sameAs(KLOQConstr other) const;
     double get(KLO_DoubleAttr attr) const;
     std::string get(KLO_StringAttr attr) const;
@@ -566,7 +572,9 @@ class KLOPsdVar {
 public:
     /// An empty handle; every operation on it throws.
     KLOPsdVar() = default;
+    /// The current index (negative once removed).
     int index() const;
+    /// True when both handles share one identity record.
     bool sameAs(KLOPsdVar other) const;
     int get(KLO_IntAttr attr) const;
     std::string get(KLO_StringAttr attr) const;
@@ -586,7 +594,9 @@ class KLOPsdConstr {
 public:
     /// An empty handle; every operation on it throws.
     KLOPsdConstr() = default;
+    /// The current index (negative once removed).
     int index() const;
+    /// True when both handles share one identity record.
     bool sameAs(KLOPsdConstr other) const;
     double get(KLO_DoubleAttr attr) const;
     std::string get(KLO_StringAttr attr) const;
@@ -603,7 +613,9 @@ class KLOGenConstr {
 public:
     /// An empty handle; every operation on it throws.
     KLOGenConstr() = default;
+    /// The current index (negative once removed).
     int index() const;
+    /// True when both handles share one identity record.
     bool sameAs(KLOGenConstr other) const;
     int get(KLO_IntAttr attr) const;
     std::string get(KLO_StringAttr attr) const;
@@ -620,7 +632,9 @@ class KLOSOS {
 public:
     /// An empty handle; every operation on it throws.
     KLOSOS() = default;
+    /// The current index (negative once removed).
     int index() const;
+    /// True when both handles share one identity record.
     bool sameAs(KLOSOS other) const;
     int get(KLO_IntAttr attr) const;
     void set(KLO_IntAttr attr, int value) const;
@@ -844,7 +858,7 @@ public:
     /// Frees the library's per-objective environments (failures ignored).
     void discardMultiobjEnvs();
 
-    // --- attributes of the whole model -----------------------------------
+    // --- attributes of the whole model (klo_c.h tells which are settable) --
     int get(KLO_IntAttr attr) const;
     double get(KLO_DoubleAttr attr) const;
     std::string get(KLO_StringAttr attr) const;
@@ -896,7 +910,8 @@ public:
     void set(KLO_StringAttr attr, const KLOPsdConstr* constrs, const std::string* values,
              int count);
 
-    // --- parameters of the model's own environment ------------------------
+    // --- parameters of the model's own environment (fetched afresh for each
+    // call; the environment given to the constructor is not affected) -------
     int get(KLO_IntParam param) const;
     double get(KLO_DoubleParam param) const;
     std::string get(KLO_StringParam param) const;
