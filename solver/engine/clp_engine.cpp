@@ -51,15 +51,16 @@ double secondsSince(Clock::time_point t) {
   return std::chrono::duration<double>(Clock::now() - t).count();
 }
 
-// Calls the user's callback at every simplex iteration.
+// Calls the user's callback at every simplex or barrier iteration.
 class SimplexEvents : public ClpEventHandler {
  public:
   SimplexEvents(const Callback& cb, CallbackContext& ctx, const long long& doneIters, bool& stopped)
       : cb_(&cb), ctx_(&ctx), doneIters_(&doneIters), stopped_(&stopped) {}
   int event(Event e) override {
     if (e != endOfIteration || *stopped_) return *stopped_ ? 0 : -1;
-    ctx_->where = KLO_CB_SIMPLEX;
-    ctx_->iterCount = *doneIters_ + model_->numberIterations();
+    // The interior-point method runs with the handler detached (model_ null).
+    ctx_->where = model_ ? KLO_CB_SIMPLEX : KLO_CB_BARRIER;
+    if (model_) ctx_->iterCount = *doneIters_ + model_->numberIterations();
     if ((*cb_)(*ctx_) == KLO_CB_STOP) *stopped_ = true;
     return *stopped_ ? 0 : -1;
   }

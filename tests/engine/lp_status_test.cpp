@@ -136,6 +136,21 @@ TEST(LpStatus, CallbackSeesIterationsAndStops) {
   EXPECT_LE(r.simplexIterations, 12);
 }
 
+TEST(LpStatus, BarrierCallbackStops) {
+  Problem p = readInstance("25fv47");
+  Settings s = quietSettings();
+  s.method = LpMethod::Barrier;
+  int calls = 0;
+  Callback cb = [&](CallbackContext& ctx) {
+    EXPECT_EQ(ctx.where, KLO_CB_BARRIER);
+    return ++calls == 3 ? KLO_CB_STOP : 0;
+  };
+  Result r = makeClpEngine()->solve(p, s, cb);
+  EXPECT_EQ(r.status, KLO_STATUS_INTERRUPTED);
+  EXPECT_EQ(calls, 3);
+  EXPECT_LE(r.barrierIterations, 4);
+}
+
 // Degenerate shapes: bounds only (x in [1, 3] minimised, y <= 4 maximised
 // through -y: optimum 1 - 4 = -3), nothing at all, and an empty row whose
 // range excludes 0.
