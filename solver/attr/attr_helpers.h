@@ -5,6 +5,7 @@
 #include <string>
 
 #include "attr/attributes.h"
+#include "common/error.h"
 
 namespace klo {
 
@@ -47,6 +48,46 @@ int objNumber(const KLOmodel& m);
 double resultAt(const std::vector<double>& v, int k, const char* what);
 // The pool solution that "MIP/SolutionNumber" designates.
 const engine::PoolSolution& poolSolution(const KLOmodel& m);
+
+// An IIS membership attribute: the statuses of member Iis of the results.
+template <std::vector<int> Results::*Iis>
+AttrDef iisAttr(const char* name, Level level) {
+  return numAttr(name, AttrType::Int, level, [](const KLOmodel& m, int e) {
+    const std::vector<int>& v = m.results.*Iis;
+    if (v.empty()) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
+    return double(v[e]);
+  });
+}
+
+// A basis status attribute: the statuses the user set (member User of the
+// data) or else those of the last solve (member Solved of its result); a
+// first set starts from those, or from Fallback for each of the Count()
+// elements.
+template <std::vector<int> ModelData::*User, std::vector<int> engine::Result::*Solved,
+          int (ModelData::*Count)() const, int Fallback>
+AttrDef basisAttr(const char* name, Level level) {
+  struct Access {
+    static const std::vector<int>* known(const KLOmodel& m) {
+      if (!(m.data.*User).empty()) return &(m.data.*User);
+      if (m.results.solved && !(m.results.solve.*Solved).empty()) return &(m.results.solve.*Solved);
+      return nullptr;
+    }
+    static double get(const KLOmodel& m, int e) {
+      const std::vector<int>* b = known(m);
+      if (!b) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No basis is known");
+      return double((*b)[e]);
+    }
+    static void set(KLOmodel& m, int e, double v) {
+      std::vector<int>& user = m.data.*User;
+      if (user.empty()) {
+        const std::vector<int>* b = known(m);
+        user = b ? *b : std::vector<int>((m.data.*Count)(), Fallback);
+      }
+      user[e] = static_cast<int>(v);
+    }
+  };
+  return numAttr(name, AttrType::Int, level, Access::get, checkBasisStatus, Access::set, true);
+}
 
 }  // namespace klo
 

@@ -9,12 +9,6 @@ namespace {
 constexpr AttrType D = AttrType::Double;
 constexpr Level R = Level::Row;
 
-const std::vector<int>* rowBasis(const KLOmodel& m) {
-  if (!m.data.rowBasis.empty()) return &m.data.rowBasis;
-  if (m.results.solved && !m.results.solve.rowBasis.empty()) return &m.results.solve.rowBasis;
-  return nullptr;
-}
-
 double lower(const KLOmodel& m, int i) { return m.data.rows[i].lower; }
 double upper(const KLOmodel& m, int i) { return m.data.rows[i].upper; }
 void setLower(KLOmodel& m, int i, double v) { setRowBound(m.data, i, false, v); }
@@ -23,29 +17,10 @@ void setUpper(KLOmodel& m, int i, double v) { setRowBound(m.data, i, true, v); }
 }  // namespace
 
 void addRowAttrs(std::vector<AttrDef>& out) {
-  auto iis = [](const KLOmodel& m, int i) {
-    if (m.results.iisRow.empty())
-      fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
-    return double(m.results.iisRow[i]);
-  };
-  out.push_back(numAttr("IISConstr", AttrType::Int, R, iis));
-  out.push_back(numAttr("IISRow", AttrType::Int, R, iis));
-  out.push_back(numAttr(
-      "RowBasis", AttrType::Int, R,
-      [](const KLOmodel& m, int i) {
-        const std::vector<int>* b = rowBasis(m);
-        if (!b) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No basis is known for the rows");
-        return double((*b)[i]);
-      },
-      checkBasisStatus,
-      [](KLOmodel& m, int i, double v) {
-        if (m.data.rowBasis.empty()) {
-          const std::vector<int>* b = rowBasis(m);
-          m.data.rowBasis = b ? *b : std::vector<int>(m.data.numRows(), KLO_BASIS_BASIC);
-        }
-        m.data.rowBasis[i] = static_cast<int>(v);
-      },
-      true));
+  out.push_back(iisAttr<&Results::iisRow>("IISConstr", R));
+  out.push_back(iisAttr<&Results::iisRow>("IISRow", R));
+  out.push_back(basisAttr<&ModelData::rowBasis, &engine::Result::rowBasis, &ModelData::numRows,
+                          KLO_BASIS_BASIC>("RowBasis", R));
 
   for (const char* name : {"LHS", "QCLHS", "PsdCLHS"})
     out.push_back(numAttr(name, D, R, lower, checkNotNaN, setLower));

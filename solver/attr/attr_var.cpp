@@ -10,40 +10,15 @@ namespace {
 constexpr AttrType D = AttrType::Double;
 constexpr Level V = Level::Var;
 
-const std::vector<int>* colBasis(const KLOmodel& m) {
-  if (!m.data.colBasis.empty()) return &m.data.colBasis;
-  if (m.results.solved && !m.results.solve.colBasis.empty()) return &m.results.solve.colBasis;
-  return nullptr;
-}
-
 void checkType(const KLOmodel&, int, double v) { checkVarType(static_cast<char>(v)); }
 
 }  // namespace
 
 void addVarAttrs(std::vector<AttrDef>& out) {
-  auto iis = [](const KLOmodel& m, int j) {
-    if (m.results.iisCol.empty())
-      fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
-    return double(m.results.iisCol[j]);
-  };
-  out.push_back(numAttr("IISVar", AttrType::Int, V, iis));
-  out.push_back(numAttr("IISCol", AttrType::Int, V, iis));
-  out.push_back(numAttr(
-      "ColBasis", AttrType::Int, V,
-      [](const KLOmodel& m, int j) {
-        const std::vector<int>* b = colBasis(m);
-        if (!b) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No basis is known for the variables");
-        return double((*b)[j]);
-      },
-      checkBasisStatus,
-      [](KLOmodel& m, int j, double v) {
-        if (m.data.colBasis.empty()) {
-          const std::vector<int>* b = colBasis(m);
-          m.data.colBasis = b ? *b : std::vector<int>(m.data.numVars(), KLO_BASIS_LOWER);
-        }
-        m.data.colBasis[j] = static_cast<int>(v);
-      },
-      true));
+  out.push_back(iisAttr<&Results::iisCol>("IISVar", V));
+  out.push_back(iisAttr<&Results::iisCol>("IISCol", V));
+  out.push_back(basisAttr<&ModelData::colBasis, &engine::Result::colBasis, &ModelData::numVars,
+                          KLO_BASIS_LOWER>("ColBasis", V));
 
   out.push_back(numAttr(
       "LB", D, V, [](const KLOmodel& m, int j) { return m.data.lb[j]; }, checkNotNaN,

@@ -40,6 +40,31 @@ void normalise(std::vector<std::pair<K, double>>& e) {
   e.resize(out);
 }
 
+using QuadEntries = std::vector<std::pair<std::pair<int, int>, double>>;
+using SymEntries = std::vector<std::pair<int, double>>;
+
+// Normal forms from (key, value) entries in any order.
+QuadTerms quadFrom(QuadEntries e) {
+  normalise(e);
+  QuadTerms q;
+  for (const auto& [ij, a] : e) {
+    q.row.push_back(ij.first);
+    q.col.push_back(ij.second);
+    q.val.push_back(a);
+  }
+  return q;
+}
+
+SymMatrix symFrom(SymEntries e) {
+  normalise(e);
+  SymMatrix m;
+  for (const auto& [p, a] : e) {
+    m.pos.push_back(p);
+    m.val.push_back(a);
+  }
+  return m;
+}
+
 }  // namespace
 
 SparseVec makeSparse(int n, const int* ind, const double* val, int count, Kind kind) {
@@ -69,28 +94,21 @@ SparseVec makeSparse(int n, const int* ind, const double* val, int count, Kind k
 QuadTerms makeQuad(int n, const int* row, const int* col, const double* val, int numVars) {
   checkCount(n, "Number of quadratic terms");
   requireArrays(n, {row, col, val});
-  std::vector<std::pair<std::pair<int, int>, double>> e(n);
+  QuadEntries e(n);
   for (int k = 0; k < n; ++k) {
     checkVarIndex(row[k], numVars);
     checkVarIndex(col[k], numVars);
     checkCoef(val[k], "Quadratic coefficient");
     e[k] = {{std::min(row[k], col[k]), std::max(row[k], col[k])}, val[k]};
   }
-  normalise(e);
-  QuadTerms q;
-  for (const auto& [ij, a] : e) {
-    q.row.push_back(ij.first);
-    q.col.push_back(ij.second);
-    q.val.push_back(a);
-  }
-  return q;
+  return quadFrom(std::move(e));
 }
 
 SymMatrix makeSym(int n, const int* pos, const double* val, int dim) {
   checkCount(n, "Number of matrix entries");
   requireArrays(n, {pos, val});
   long long size = static_cast<long long>(dim) * dim;
-  std::vector<std::pair<int, double>> e(n);
+  SymEntries e(n);
   for (int k = 0; k < n; ++k) {
     if (pos[k] < 0 || pos[k] >= size)
       fail(KLO_ERROR_INVALID_ARGUMENT, "Matrix position " + std::to_string(pos[k]) +
@@ -100,41 +118,22 @@ SymMatrix makeSym(int n, const int* pos, const double* val, int dim) {
     int r = pos[k] / dim, c = pos[k] % dim;
     e[k] = {std::min(r, c) * dim + std::max(r, c), val[k]};
   }
-  normalise(e);
-  SymMatrix m;
-  for (const auto& [p, a] : e) {
-    m.pos.push_back(p);
-    m.val.push_back(a);
-  }
-  return m;
+  return symFrom(std::move(e));
 }
 
 QuadTerms addQuad(const QuadTerms& a, const QuadTerms& b) {
-  std::vector<std::pair<std::pair<int, int>, double>> e;
+  QuadEntries e;
   e.reserve(a.size() + b.size());
   for (const QuadTerms* q : {&a, &b})
     for (int k = 0; k < q->size(); ++k) e.push_back({{q->row[k], q->col[k]}, q->val[k]});
-  normalise(e);
-  QuadTerms out;
-  for (const auto& [ij, v] : e) {
-    out.row.push_back(ij.first);
-    out.col.push_back(ij.second);
-    out.val.push_back(v);
-  }
-  return out;
+  return quadFrom(std::move(e));
 }
 
 SymMatrix addSym(const SymMatrix& a, const SymMatrix& b) {
-  std::vector<std::pair<int, double>> e;
+  SymEntries e;
   for (const SymMatrix* m : {&a, &b})
     for (int k = 0; k < m->size(); ++k) e.push_back({m->pos[k], m->val[k]});
-  normalise(e);
-  SymMatrix out;
-  for (const auto& [p, v] : e) {
-    out.pos.push_back(p);
-    out.val.push_back(v);
-  }
-  return out;
+  return symFrom(std::move(e));
 }
 
 double coefAt(const SparseVec& v, int j) {
