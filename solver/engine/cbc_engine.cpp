@@ -46,6 +46,7 @@ std::mutex cbcDriverMutex;  // CbcMain0/CbcMain1 are not re-entrant
 
 class CbcRun {
  public:
+  static constexpr const char* kName = "Cbc";
   CbcRun(const Problem& p, const Settings& s, const Callback& cb)
       : p_(p), s_(s), cb_(cb), handler_(s.log, cbcLogLevel(s)), state_(p, s, cb) {}
 
@@ -209,18 +210,8 @@ class CbcRun {
   Result r_;
 };
 
-class CbcEngine : public Engine {
- public:
-  const char* name() const override { return "Cbc"; }
-
- protected:
-  Result run(const Problem& problem, const Settings& settings, const Callback& cb) override {
-    return CbcRun(problem, settings, cb).run();
-  }
-};
-
 }  // namespace
 
-std::unique_ptr<Engine> makeCbcEngine() { return std::make_unique<CbcEngine>(); }
+std::unique_ptr<Engine> makeCbcEngine() { return std::make_unique<RunEngine<CbcRun>>(); }
 
 }  // namespace klo::engine

@@ -81,6 +81,7 @@ struct Outcome {
 
 class ClpRun {
  public:
+  static constexpr const char* kName = "Clp";
   ClpRun(const Problem& p, const Settings& s, const Callback& cb)
       : p_(p), s_(s), cb_(cb), handler_(s.log, std::max(0, s.logLevel)) {}
 
@@ -277,18 +278,8 @@ class ClpRun {
   Clock::time_point started_ = Clock::now();
 };
 
-class ClpEngine : public Engine {
- public:
-  const char* name() const override { return "Clp"; }
-
- protected:
-  Result run(const Problem& problem, const Settings& settings, const Callback& cb) override {
-    return ClpRun(problem, settings, cb).run();
-  }
-};
-
 }  // namespace
 
-std::unique_ptr<Engine> makeClpEngine() { return std::make_unique<ClpEngine>(); }
+std::unique_ptr<Engine> makeClpEngine() { return std::make_unique<RunEngine<ClpRun>>(); }
 
 }  // namespace klo::engine

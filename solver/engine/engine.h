@@ -28,6 +28,19 @@ class Engine {
                      const Callback& callback) = 0;
 };
 
+// An adapter written as a one-solve class: Run(problem, settings, callback)
+// then run(), with its engine's name in Run::kName.
+template <class Run>
+class RunEngine : public Engine {
+ public:
+  const char* name() const override { return Run::kName; }
+
+ protected:
+  Result run(const Problem& problem, const Settings& settings, const Callback& cb) override {
+    return Run(problem, settings, cb).run();
+  }
+};
+
 std::unique_ptr<Engine> makeClpEngine();
 std::unique_ptr<Engine> makeCbcEngine();
 
