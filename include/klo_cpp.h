@@ -403,7 +403,9 @@ public:
     /// Views an existing library environment (not owned) whose validity is
     /// tied to the released flag.
     KLOEnv(void* libraryEnvironment, std::shared_ptr<bool> released);
-    /// Takes over other's library environment and its ownership.
+    /// Takes over other's library environment and its ownership.  There is
+    /// no copy constructor: two owners would free one library environment
+    /// twice.
     KLOEnv(KLOEnv&& other) noexcept;
     /// Copies only the library environment pointer: this object keeps its
     /// own ownership duty and released flag.
