@@ -382,6 +382,42 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
  *
  * Reading a solution attribute when there is none gives
  * KLO_ERROR_DATA_NOT_AVAILABLE.
+ *
+ * Behaviour in detail
+ *  - Results ("X", "RC", "DualSoln", "Activity", "ObjVal", "DualObjVal",
+ *    "PoolN...", "MIP/Gap...", the times, "SPX/NumIters", "IPM/NumIters",
+ *    "PsdX", "ObjNVal") and "IISVar"/"IISConstr" give
+ *    KLO_ERROR_DATA_NOT_AVAILABLE until a solve (or KLOcomputeIIS) provides
+ *    them.  "Status" (0 before any solve), "HasSolution", "HasPrimalRay",
+ *    "HasDualRay" and "SolCount" can always be read.
+ *  - Every change to the model discards the results of the last solve
+ *    ("Status" returns to KLO_STATUS_UNSTARTED), except changes of names,
+ *    of "Start" and of "ColBasis"/"RowBasis".
+ *  - "ColBasis"/"RowBasis" read the statuses set by the user, else those of
+ *    the last solve, else give KLO_ERROR_DATA_NOT_AVAILABLE.  Setting one
+ *    element starts from those statuses (or from all variables at their
+ *    lower bound and all rows basic); values outside 0 .. 4 are refused.
+ *  - "VType" 'B' clips the bounds to [0, 1], and "LB"/"UB" of a binary stay
+ *    within [0, 1].  Bounds at or beyond +-1e20 read back as +-1e20; NaN
+ *    bounds are refused, infinite "Obj"/"ObjCon" coefficients too.
+ *  - "NumContVars" counts types 'C' and 'S', "NumIntVars" 'B', 'I' and
+ *    'N'; "IsInteger" is 1 for any type other than 'C'.  "NumEnts" also
+ *    counts the entries of "PsdObj".
+ *  - The row attributes "LHS"/"RHS", "QCLHS"/"QCRHS" and "PsdCLHS"/"PsdCRHS"
+ *    (and the row names) are synonyms that apply to every row.
+ *  - Objectives: objective 0 is the model's own ("Obj", "ObjCon" and the
+ *    quadratic objective terms), so "NumObj" is at least 1; KLOsetobjectiven
+ *    adds the others.  "ObjN", "ObjNCon", "ObjNPriority", "ObjNWeight",
+ *    "ObjNRelTol", "ObjNAbsTol" and "ObjNVal" address objective "ObjNumber"
+ *    (a parameter of the model's environment); a number that is not an
+ *    objective gives KLO_ERROR_INVALID_OBJECTIVE.  "ModelSense" accepts 1
+ *    and -1 only, "MinSense" 1 and 0.
+ *  - "PsdObj" and "PsdX" are dim x dim matrices read back as their upper
+ *    triangle (positions r * dim + c with r <= c), entries summed and zeros
+ *    dropped.
+ *  - Names may be empty and need not be unique: KLOgetvarbyname and
+ *    KLOgetconstrbyname find the lowest index with that name (never an empty
+ *    name).  Strings read are valid until that name changes.
  * ------------------------------------------------------------------------ */
 
 /* ========================================================================
@@ -401,7 +437,8 @@ int KLOloadenv(KLOenv **envP, const char *logfilename);
 int KLOstartenv(KLOenv *env);
 
 /** Frees an environment.  Models made from it keep their own copies and
- *  stay usable. */
+ *  stay usable.  The environment of a model (KLOgetenv, KLOgetmultiobjenv)
+ *  is freed with its model: freeing it here gives KLO_ERROR_INVALID_ARGUMENT. */
 int KLOfreeenv(KLOenv *env);
 
 /** Writes a line of text to the environment's log. */
@@ -464,7 +501,10 @@ int KLOnewmodel(KLOenv *env, KLOmodel **modelP, const char *Pname, int numvars,
                 const char *const *varnames);
 
 /** Reads a model file (".mps", ".lp", optionally ".gz" compressed) into a
- *  new model. */
+ *  new model.  MPS files may be fixed or free format, with OBJSENSE,
+ *  RANGES, every standard bound type, integer markers, SOS and QUADOBJ; an
+ *  integer column with bounds [0, 1] becomes binary.  A malformed file
+ *  gives KLO_ERROR_FILE_READ with "file:line: reason" as the message. */
 int KLOreadmodel(KLOenv *env, const char *filename, KLOmodel **modelP);
 
 /** Deep, independent copy of a model and its environment; null on failure. */
@@ -480,7 +520,14 @@ int KLOread(KLOmodel *model, const char *filename);
 
 /** Writes a file, by its extension: ".mps", ".lp" (optionally ".gz") the
  *  model, ".prm" parameters, ".mst" start values, ".sol" the solution,
- *  ".bas" the basis. */
+ *  ".bas" the basis (MPS basis format).  Reading a model file back gives the
+ *  same model.  Names that a format cannot hold (empty, repeated, with
+ *  blanks or operator characters, or read as numbers or keywords in LP
+ *  files) are replaced by generated ones: "C<j>" for variables, "R<i>" for
+ *  rows.  MPS cannot hold quadratic or PSD rows, PSD variables, indicators
+ *  or several objectives, LP files no PSD variables or several objectives:
+ *  such models give KLO_ERROR_NOT_SUPPORTED.  ".sol" and ".bas" need a
+ *  solution or a basis (KLO_ERROR_DATA_NOT_AVAILABLE otherwise). */
 int KLOwrite(KLOmodel *model, const char *filename);
 
 /** Makes a relaxed copy in *relaxedP: integer and binary variables become
@@ -512,8 +559,10 @@ int KLOreset(KLOmodel *model, int clearall);
 /** The model's own environment (null for a null model). */
 KLOenv *KLOgetenv(KLOmodel *model);
 
-/** The environment of objective num of a multi-objective model, created on
- *  first use (null when num is not an objective). */
+/** The environment of objective num of a multi-objective model, a copy of
+ *  the model's made on first use and freed with the model (null, with the
+ *  error recorded in the model's environment, when num is not an
+ *  objective). */
 KLOenv *KLOgetmultiobjenv(KLOmodel *model, int num);
 
 /** Frees the environments made by KLOgetmultiobjenv. */
@@ -539,7 +588,8 @@ int KLOaddvars(KLOmodel *model, int numvars, int numnz, const int *vbeg, const i
                const char *vtype, const char *const *varnames);
 
 /** Deletes numdel variables (their terms go everywhere: rows, quadratic
- *  terms, SOS, indicators, objectives). */
+ *  terms, SOS, indicators, objectives; an indicator constraint whose binary
+ *  variable goes is deleted with it).  Repeated indices are allowed. */
 int KLOdelvars(KLOmodel *model, int numdel, const int *ind);
 
 /** Column entries of variables start .. start+len-1.  *numnzP receives the
@@ -638,7 +688,8 @@ int KLOaddrangepsdconstr(KLOmodel *model, int numnz, const int *cind, const doub
  * ======================================================================== */
 
 /** Adds numsos SOS sets of types[k] (KLO_SOS_TYPE1 or 2) with members
- *  ind[beg[k]] .. and their weights (which order the members). */
+ *  ind[beg[k]] .. and their weights (which order the members).  Members and
+ *  weights of one set must be distinct; null weights give 1, 2, ... */
 int KLOaddsos(KLOmodel *model, int numsos, int nummembers, const int *types, const int *beg,
               const int *ind, const double *weight);
 
@@ -651,7 +702,8 @@ int KLOgetsos(KLOmodel *model, int *nummembersP, int *types, int *beg, int *ind,
               int start, int len);
 
 /** Adds the indicator constraint  x[binvar] = binval  implies
- *  sum val x[ind]  sense  rhs.  binval is 0 or 1; binvar must be binary. */
+ *  sum val x[ind]  sense  rhs.  binval is 0 or 1; binvar must be binary
+ *  (KLO_ERROR_INVALID_ARGUMENT otherwise). */
 int KLOaddgenconstrIndicator(KLOmodel *model, const char *name, int binvar, int binval,
                              int nvars, const int *ind, const double *val, char sense,
                              double rhs);
