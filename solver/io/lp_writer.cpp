@@ -91,9 +91,12 @@ void rows(std::ostream& out, const ModelData& d, const std::vector<std::string>&
     else out << " <= " << num(r.upper);
     out << "\n";
   }
+  NameTable labels;
+  for (const Indicator& ic : d.indicators) labels.append(ic.name);
+  std::vector<std::string> indNames = lpNames(labels, "I");
   for (size_t g = 0; g < d.indicators.size(); ++g) {
     const Indicator& ic = d.indicators[g];
-    out << " " << (ic.name.empty() ? "I" + std::to_string(g) : ic.name) << ": " << cols[ic.binVar]
+    out << " " << indNames[g] << ": " << cols[ic.binVar]
         << " = " << ic.binVal << " ->";
     linear(out, ic.lin, cols);
     out << ' ' << (ic.sense == '<' ? "<=" : ic.sense == '>' ? ">=" : "=") << ' ' << num(ic.rhs) << "\n";

@@ -19,6 +19,7 @@ void refuseWhatMpsCannotHold(const std::string& path, const ModelData& d) {
   if (!d.psdVars.empty()) what = "PSD variables";
   if (!d.indicators.empty()) what = "indicator constraints";
   if (d.objectives.size() > 1) what = "several objectives";
+  for (char t : d.type) what = t == 'N' ? "semi-integer variables" : what;
   if (what)
     fail(KLO_ERROR_NOT_SUPPORTED,
          "Cannot write \"" + path + "\": the MPS writer does not support " + what + " (write an .lp file)");
@@ -72,7 +73,7 @@ void writeMps(const std::string& path, const ModelData& d) {
   }
   std::vector<char> integer(d.numVars());
   for (int j = 0; j < d.numVars(); ++j)
-    integer[j] = d.type[j] == 'I' || d.type[j] == 'B' ? 1 : d.type[j] == 'S' || d.type[j] == 'N' ? 3 : 0;
+    integer[j] = d.type[j] == 'I' || d.type[j] == 'B' ? 1 : d.type[j] == 'S' ? 3 : 0;
   // The char* form: the std::string overload of setMpsData leaks the names.
   std::vector<const char*> colPtr, rowPtr;
   for (const std::string& n : cols) colPtr.push_back(n.c_str());

@@ -177,3 +177,35 @@ TEST_F(SideFiles, ParametersSolutionsAndUnknownFormats) {
 }
 
 }  // namespace
+
+namespace {
+
+using FileTypes = klotest::ModelTest;
+
+TEST_F(FileTypes, SemiIntegerVariablesLiveInLpFilesOnly) {
+  addVars(2);
+  ASSERT_EQ(KLOsetcharattrelement(model, "VType", 1, 'N'), KLO_OK);
+  ASSERT_EQ(KLOsetdblattrelement(model, "LB", 1, 2), KLO_OK);
+  TempFile lp(".lp");
+  ASSERT_EQ(KLOwrite(model, lp.c_str()), KLO_OK);
+  KLOmodel* back = nullptr;
+  ASSERT_EQ(KLOreadmodel(env, lp.c_str(), &back), KLO_OK) << lastError();
+  EXPECT_EQ(snapshot(back), snapshot(model));
+  KLOfreemodel(back);
+  TempFile mps(".mps");
+  EXPECT_EQ(KLOwrite(model, mps.c_str()), KLO_ERROR_NOT_SUPPORTED);
+  EXPECT_NE(modelError().find("semi-integer"), std::string::npos);
+}
+
+TEST_F(FileTypes, EmptyModelRoundTrips) {
+  for (const char* suffix : {".lp", ".mps"}) {
+    TempFile file(suffix);
+    ASSERT_EQ(KLOwrite(model, file.c_str()), KLO_OK) << modelError();
+    KLOmodel* back = nullptr;
+    ASSERT_EQ(KLOreadmodel(env, file.c_str(), &back), KLO_OK) << suffix << ": " << lastError();
+    EXPECT_EQ(snapshot(back), snapshot(model)) << suffix;
+    KLOfreemodel(back);
+  }
+}
+
+}  // namespace
