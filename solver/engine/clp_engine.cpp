@@ -133,6 +133,7 @@ class ClpRun {
     ClpInterior ipm;
     ipm.borrowModel(model);
     ipm.setCholesky(new ClpCholeskyBase());
+    ipm.scaling(0);  // scaled, it stalls on some problems (capri) that it solves unscaled
     ipm.setPrimalTolerance(s_.ipmPrimalTolerance);
     ipm.setDualTolerance(s_.ipmDualTolerance);
     ipm.setMaximumBarrierIterations(s_.maxBarrierIterations);

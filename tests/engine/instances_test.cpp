@@ -34,12 +34,7 @@ std::vector<Instance> readIndex() {
 
 class InstanceSolve : public ::testing::TestWithParam<Instance> {};
 
-TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
-  const Instance& inst = GetParam();
-  Problem p = readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + inst.file);
-  ASSERT_EQ(p.isMip(), inst.kind == "MIP");
-  Settings s = quietSettings();
-  Result r = engineFor(p)->solve(p, s, {});
+void expectOptimum(const Instance& inst, const Problem& p, const Settings& s, const Result& r) {
   ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
   ASSERT_TRUE(r.hasSolution);
   EXPECT_LE(maxViolation(p, r.x.data(), true), 1e-6);
@@ -47,12 +42,36 @@ TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
   if (inst.kind == "LP") {
     EXPECT_NEAR(r.objective, inst.objective, 1e-6 * scale);
     EXPECT_NEAR(r.dualObjective, r.objective, 1e-6 * scale);
-  } else {
-    // Within the gap tolerances the search stops at (index.csv rounds some
-    // optima to a few digits, hence the absolute term).
-    const double allowed = std::max(s.gapAbs, s.gapRel * std::fabs(r.objective)) + 1e-6 * scale;
-    EXPECT_NEAR(r.objective, inst.objective, allowed);
-    EXPECT_LE(std::fabs(r.objective - r.dualObjective), allowed);
+    return;
+  }
+  // Within the gap tolerances the search stops at (index.csv rounds some
+  // optima to a few digits, hence the absolute term).
+  const double allowed = std::max(s.gapAbs, s.gapRel * std::fabs(r.objective)) + 1e-6 * scale;
+  EXPECT_NEAR(r.objective, inst.objective, allowed);
+  EXPECT_LE(std::fabs(r.objective - r.dualObjective), allowed);
+}
+
+TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
+  const Instance& inst = GetParam();
+  Problem p = readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + inst.file);
+  ASSERT_EQ(p.isMip(), inst.kind == "MIP");
+  Settings s = quietSettings();
+  expectOptimum(inst, p, s, engineFor(p)->solve(p, s));
+}
+
+// LPs also with every other method, and without presolve.
+TEST_P(InstanceSolve, LpMethodsAgree) {
+  const Instance& inst = GetParam();
+  if (inst.kind != "LP") GTEST_SKIP() << "a MIP";
+  Problem p = readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + inst.file);
+  for (LpMethod m : {LpMethod::Primal, LpMethod::Barrier, LpMethod::Dual}) {
+    for (int presolve : {0, 1}) {
+      SCOPED_TRACE(testing::Message() << "method " << static_cast<int>(m) << " presolve " << presolve);
+      Settings s = quietSettings();
+      s.method = m;
+      s.presolve = presolve;
+      expectOptimum(inst, p, s, makeClpEngine()->solve(p, s));
+    }
   }
 }
 
