@@ -41,7 +41,8 @@ const engine::PoolSolution& poolSolution(const KLOmodel& m) {
   int k = m.env.params.getInt("MIP/SolutionNumber");
   if (k >= static_cast<int>(r.pool.size()))
     fail(KLO_ERROR_DATA_NOT_AVAILABLE, "There is no pool solution " + std::to_string(k) +
-                                           " (the pool holds " + std::to_string(r.pool.size()) + ")");
+                                           " (the pool holds " + std::to_string(r.pool.size()) +
+                                           ")");
   return r.pool[k];
 }
 

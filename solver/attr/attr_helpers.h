@@ -54,7 +54,8 @@ template <std::vector<int> Results::*Iis>
 AttrDef iisAttr(const char* name, Level level) {
   return numAttr(name, AttrType::Int, level, [](const KLOmodel& m, int e) {
     const std::vector<int>& v = m.results.*Iis;
-    if (v.empty()) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
+    if (v.empty())
+      fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
     return double(v[e]);
   });
 }

@@ -99,7 +99,8 @@ void addModelAttrs(std::vector<AttrDef>& out) {
   out.push_back(numAttr("HasDualRay", I, M, [](const KLOmodel& m, int) {
     return solvedWith(m, [](const engine::Result& r) { return !r.dualRay.empty(); }) ? 1.0 : 0.0;
   }));
-  out.push_back(numAttr("NumVars", I, M, [](const KLOmodel& m, int) { return double(m.data.numVars()); }));
+  out.push_back(
+      numAttr("NumVars", I, M, [](const KLOmodel& m, int) { return double(m.data.numVars()); }));
   auto numRows = [](const KLOmodel& m, int) { return double(m.data.numRows()); };
   out.push_back(numAttr("NumConss", I, M, numRows));
   out.push_back(numAttr("NumConstrs", I, M, numRows));
@@ -109,15 +110,20 @@ void addModelAttrs(std::vector<AttrDef>& out) {
   out.push_back(numAttr("NumPsdConstrs", I, M, [](const KLOmodel& m, int) {
     return countRows(m, [](const Row& r) { return r.hasPsd(); });
   }));
-  out.push_back(numAttr("NumSOS", I, M, [](const KLOmodel& m, int) { return double(m.data.sos.size()); }));
+  out.push_back(
+      numAttr("NumSOS", I, M, [](const KLOmodel& m, int) { return double(m.data.sos.size()); }));
   out.push_back(numAttr("NumGenConstrs", I, M,
                         [](const KLOmodel& m, int) { return double(m.data.indicators.size()); }));
-  out.push_back(numAttr("NumPsdVars", I, M, [](const KLOmodel& m, int) { return double(m.data.psdVars.size()); }));
+  out.push_back(numAttr("NumPsdVars", I, M,
+                        [](const KLOmodel& m, int) { return double(m.data.psdVars.size()); }));
   out.push_back(numAttr("NumEnts", I, M, numEnts));
   out.push_back(numAttr("NumNZs", I, M, numNZs));
-  out.push_back(numAttr("NumContVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "CS"); }));
-  out.push_back(numAttr("NumIntVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "BIN"); }));
-  out.push_back(numAttr("NumBinVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "B"); }));
+  out.push_back(
+      numAttr("NumContVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "CS"); }));
+  out.push_back(
+      numAttr("NumIntVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "BIN"); }));
+  out.push_back(
+      numAttr("NumBinVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "B"); }));
   out.push_back(numAttr("IsInteger", I, M, [](const KLOmodel& m, int) {
     bool mip = countTypes(m, "BINS") > 0 || !m.data.sos.empty() || !m.data.indicators.empty();
     return mip ? 1.0 : 0.0;
@@ -135,10 +141,12 @@ void addModelAttrs(std::vector<AttrDef>& out) {
   out.push_back(numAttr("IPM/NumIters", I, M, [](const KLOmodel& m, int) {
     return double(solveResult(m).barrierIterations);
   }));
-  out.push_back(numAttr("NumObj", I, M, [](const KLOmodel& m, int) { return double(m.data.objectives.size()); }));
+  out.push_back(numAttr("NumObj", I, M,
+                        [](const KLOmodel& m, int) { return double(m.data.objectives.size()); }));
   out.push_back(numAttr(
       "ObjNPriority", I, M, [](const KLOmodel& m, int) { return double(objN(m).priority); },
-      checkObjNPriority, [](KLOmodel& m, int, double v) { objN(m).priority = static_cast<int>(v); }));
+      checkObjNPriority,
+      [](KLOmodel& m, int, double v) { objN(m).priority = static_cast<int>(v); }));
 
   auto objCon = [](const KLOmodel& m, int) { return m.data.objectives[0].constant; };
   auto setObjCon = [](KLOmodel& m, int, double v) { m.data.objectives[0].constant = v; };
@@ -147,16 +155,22 @@ void addModelAttrs(std::vector<AttrDef>& out) {
   auto objVal = [](const KLOmodel& m, int) { return solution(m).objective; };
   out.push_back(numAttr("PrimalObjVal", D, M, objVal));
   out.push_back(numAttr("ObjVal", D, M, objVal));
-  out.push_back(numAttr("PoolNObjVal", D, M, [](const KLOmodel& m, int) { return poolSolution(m).objective; }));
-  out.push_back(numAttr("DualObjVal", D, M, [](const KLOmodel& m, int) { return solution(m).dualObjective; }));
-  out.push_back(numAttr("PresolverTime", D, M, [](const KLOmodel& m, int) { return solveResult(m).presolveTime; }));
-  out.push_back(numAttr("SolverTime", D, M, [](const KLOmodel& m, int) { return solveResult(m).solverTime; }));
+  out.push_back(numAttr("PoolNObjVal", D, M,
+                        [](const KLOmodel& m, int) { return poolSolution(m).objective; }));
+  out.push_back(numAttr("DualObjVal", D, M,
+                        [](const KLOmodel& m, int) { return solution(m).dualObjective; }));
+  out.push_back(numAttr("PresolverTime", D, M,
+                        [](const KLOmodel& m, int) { return solveResult(m).presolveTime; }));
+  out.push_back(numAttr("SolverTime", D, M,
+                        [](const KLOmodel& m, int) { return solveResult(m).solverTime; }));
   out.push_back(numAttr("SolutionTime", D, M, [](const KLOmodel& m, int) {
     solveResult(m);
     return m.results.solutionTime;
   }));
-  out.push_back(numAttr("MIP/GapAbs", D, M, [](const KLOmodel& m, int) { return solution(m).gapAbs; }));
-  out.push_back(numAttr("MIP/GapRel", D, M, [](const KLOmodel& m, int) { return solution(m).gapRel; }));
+  out.push_back(
+      numAttr("MIP/GapAbs", D, M, [](const KLOmodel& m, int) { return solution(m).gapAbs; }));
+  out.push_back(
+      numAttr("MIP/GapRel", D, M, [](const KLOmodel& m, int) { return solution(m).gapRel; }));
   out.push_back(numAttr(
       "ObjNCon", D, M, [](const KLOmodel& m, int) { return objN(m).constant; }, checkObjN,
       [](KLOmodel& m, int, double v) { objN(m).constant = v; }));

@@ -54,7 +54,8 @@ void addVarAttrs(std::vector<AttrDef>& out) {
 
   out.push_back(numAttr(
       "VType", AttrType::Char, V, [](const KLOmodel& m, int j) { return double(m.data.type[j]); },
-      checkType, [](KLOmodel& m, int j, double v) { setVarType(m.data, j, static_cast<char>(v)); }));
+      checkType,
+      [](KLOmodel& m, int j, double v) { setVarType(m.data, j, static_cast<char>(v)); }));
 
   auto name = [](const KLOmodel& m, int j) -> const std::string& { return m.data.varNames.get(j); };
   auto setName = [](KLOmodel& m, int j, const std::string& v) { m.data.varNames.set(j, v); };

@@ -10,20 +10,29 @@ namespace {
 
 const char* typeName(AttrType t) {
   switch (t) {
-    case AttrType::Int: return "int";
-    case AttrType::Double: return "double";
-    case AttrType::Char: return "char";
-    case AttrType::String: return "string";
-    default: return "matrix";
+    case AttrType::Int:
+      return "int";
+    case AttrType::Double:
+      return "double";
+    case AttrType::Char:
+      return "char";
+    case AttrType::String:
+      return "string";
+    default:
+      return "matrix";
   }
 }
 
 Kind kindOf(Level l) {
   switch (l) {
-    case Level::Var: return Kind::Var;
-    case Level::Row: return Kind::Row;
-    case Level::PsdVar: return Kind::PsdVar;
-    default: return Kind::GenConstr;
+    case Level::Var:
+      return Kind::Var;
+    case Level::Row:
+      return Kind::Row;
+    case Level::PsdVar:
+      return Kind::PsdVar;
+    default:
+      return Kind::GenConstr;
   }
 }
 
@@ -45,15 +54,16 @@ const std::unordered_map<std::string, AttrDef>& registry() {
 
 const AttrDef& findAttr(const std::string& name, AttrType type, bool elementLevel) {
   auto it = registry().find(name);
-  if (it == registry().end()) fail(KLO_ERROR_UNKNOWN_ATTRIBUTE, "Unknown attribute \"" + name + "\"");
+  if (it == registry().end())
+    fail(KLO_ERROR_UNKNOWN_ATTRIBUTE, "Unknown attribute \"" + name + "\"");
   const AttrDef& d = it->second;
   if (d.type != type)
-    fail(KLO_ERROR_ATTRIBUTE_TYPE, "Attribute \"" + name + "\" is of type " + typeName(d.type) +
-                                       ", not " + typeName(type));
+    fail(KLO_ERROR_ATTRIBUTE_TYPE,
+         "Attribute \"" + name + "\" is of type " + typeName(d.type) + ", not " + typeName(type));
   if ((d.level != Level::Model) != elementLevel)
-    fail(KLO_ERROR_ATTRIBUTE_LEVEL, "Attribute \"" + name + "\" is " +
-                                        (elementLevel ? "a whole-model attribute"
-                                                      : "an attribute of single elements"));
+    fail(KLO_ERROR_ATTRIBUTE_LEVEL,
+         "Attribute \"" + name + "\" is " +
+             (elementLevel ? "a whole-model attribute" : "an attribute of single elements"));
   return d;
 }
 
@@ -71,7 +81,8 @@ void checkElementRange(const KLOmodel& m, const AttrDef& def, int start, int len
 }
 
 const engine::Result& solveResult(const KLOmodel& m) {
-  if (!m.results.solved) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "The model has not been solved since it last changed");
+  if (!m.results.solved)
+    fail(KLO_ERROR_DATA_NOT_AVAILABLE, "The model has not been solved since it last changed");
   return m.results.solve;
 }
 

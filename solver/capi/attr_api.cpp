@@ -32,13 +32,13 @@ int getNum(KLOmodel* model, const char* name, AttrType type, bool element, int e
 
 int setNum(KLOmodel* model, const char* name, AttrType type, bool element, int e, double v) {
   return changeModel(model, [&] {
-        const AttrDef& d = find(name, type, element);
-        klo::requireSettable(d);
-        if (element) klo::checkElement(*model, d, e);
-        d.check(*model, e, v);
-        d.set(*model, e, v);
-        return d.keepsResults;
-      });
+    const AttrDef& d = find(name, type, element);
+    klo::requireSettable(d);
+    if (element) klo::checkElement(*model, d, e);
+    d.check(*model, e, v);
+    d.set(*model, e, v);
+    return d.keepsResults;
+  });
 }
 
 template <class T>
@@ -55,14 +55,14 @@ template <class T>
 int setArray(KLOmodel* model, const char* name, AttrType type, int start, int len,
              const T* values) {
   return changeModel(model, [&] {
-        const AttrDef& d = find(name, type, true);
-        klo::requireSettable(d);
-        klo::checkElementRange(*model, d, start, len);
-        if (len > 0) requireArg(values, "values");
-        for (int k = 0; k < len; ++k) d.check(*model, start + k, static_cast<double>(values[k]));
-        for (int k = 0; k < len; ++k) d.set(*model, start + k, static_cast<double>(values[k]));
-        return d.keepsResults;
-      });
+    const AttrDef& d = find(name, type, true);
+    klo::requireSettable(d);
+    klo::checkElementRange(*model, d, start, len);
+    if (len > 0) requireArg(values, "values");
+    for (int k = 0; k < len; ++k) d.check(*model, start + k, static_cast<double>(values[k]));
+    for (int k = 0; k < len; ++k) d.set(*model, start + k, static_cast<double>(values[k]));
+    return d.keepsResults;
+  });
 }
 
 int getStr(KLOmodel* model, const char* name, bool element, int e, const char** valueP) {
@@ -76,12 +76,12 @@ int getStr(KLOmodel* model, const char* name, bool element, int e, const char** 
 
 int setStr(KLOmodel* model, const char* name, bool element, int e, const char* value) {
   return changeModel(model, [&] {
-        const AttrDef& d = find(name, AttrType::String, element);
-        requireArg(value, "newvalue");
-        if (element) klo::checkElement(*model, d, e);
-        d.setStr(*model, e, value);
-        return true;
-      });
+    const AttrDef& d = find(name, AttrType::String, element);
+    requireArg(value, "newvalue");
+    if (element) klo::checkElement(*model, d, e);
+    d.setStr(*model, e, value);
+    return true;
+  });
 }
 
 }  // namespace
@@ -125,12 +125,10 @@ int KLOgetcharattrelement(KLOmodel* model, const char* attrname, int element, ch
 int KLOsetcharattrelement(KLOmodel* model, const char* attrname, int element, char newvalue) {
   return setNum(model, attrname, AttrType::Char, true, element, newvalue);
 }
-int KLOgetstrattrelement(KLOmodel* model, const char* attrname, int element,
-                         const char** valueP) {
+int KLOgetstrattrelement(KLOmodel* model, const char* attrname, int element, const char** valueP) {
   return getStr(model, attrname, true, element, valueP);
 }
-int KLOsetstrattrelement(KLOmodel* model, const char* attrname, int element,
-                         const char* newvalue) {
+int KLOsetstrattrelement(KLOmodel* model, const char* attrname, int element, const char* newvalue) {
   return setStr(model, attrname, true, element, newvalue);
 }
 
@@ -141,16 +139,14 @@ int KLOsetintattrarray(KLOmodel* model, const char* attrname, int start, int len
                        const int* values) {
   return setArray(model, attrname, AttrType::Int, start, len, values);
 }
-int KLOgetdblattrarray(KLOmodel* model, const char* attrname, int start, int len,
-                       double* values) {
+int KLOgetdblattrarray(KLOmodel* model, const char* attrname, int start, int len, double* values) {
   return getArray(model, attrname, AttrType::Double, start, len, values);
 }
 int KLOsetdblattrarray(KLOmodel* model, const char* attrname, int start, int len,
                        const double* values) {
   return setArray(model, attrname, AttrType::Double, start, len, values);
 }
-int KLOgetcharattrarray(KLOmodel* model, const char* attrname, int start, int len,
-                        char* values) {
+int KLOgetcharattrarray(KLOmodel* model, const char* attrname, int start, int len, char* values) {
   return getArray(model, attrname, AttrType::Char, start, len, values);
 }
 int KLOsetcharattrarray(KLOmodel* model, const char* attrname, int start, int len,
@@ -158,8 +154,8 @@ int KLOsetcharattrarray(KLOmodel* model, const char* attrname, int start, int le
   return setArray(model, attrname, AttrType::Char, start, len, values);
 }
 
-int KLOgetmatattrelement(KLOmodel* model, const char* attrname, int element, int* nnzP,
-                         int* nrowsP, int* ncolsP, int* ind, double* val) {
+int KLOgetmatattrelement(KLOmodel* model, const char* attrname, int element, int* nnzP, int* nrowsP,
+                         int* ncolsP, int* ind, double* val) {
   return readModel(model, [&] {
     const AttrDef& d = find(attrname, AttrType::Matrix, true);
     requireArg(nnzP, "nnzP");
@@ -182,8 +178,8 @@ int KLOgetmatattrelement(KLOmodel* model, const char* attrname, int element, int
   });
 }
 
-int KLOsetmatattrelement(KLOmodel* model, const char* attrname, int element, int nnz,
-                         int nrows, int ncols, const int* ind, const double* val) {
+int KLOsetmatattrelement(KLOmodel* model, const char* attrname, int element, int nnz, int nrows,
+                         int ncols, const int* ind, const double* val) {
   return changeModel(model, [&] {
     const AttrDef& d = find(attrname, AttrType::Matrix, true);
     klo::requireSettable(d);

@@ -27,9 +27,7 @@ extern "C" {
 
 int KLOemptyenv(KLOenv** envP) { return makeEnv(envP, false, nullptr); }
 
-int KLOloadenv(KLOenv** envP, const char* logfilename) {
-  return makeEnv(envP, true, logfilename);
-}
+int KLOloadenv(KLOenv** envP, const char* logfilename) { return makeEnv(envP, true, logfilename); }
 
 int KLOstartenv(KLOenv* env) {
   if (!env) return KLO_ERROR_NULL_ARGUMENT;

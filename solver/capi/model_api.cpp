@@ -24,7 +24,8 @@ int makeModel(KLOenv* env, KLOmodel** modelP, F&& fill) {
     requireArg(modelP, "modelP");
     *modelP = nullptr;
     if (!env->started)
-      klo::fail(KLO_ERROR_ENV_NOT_STARTED, "The environment has not been started (call KLOstartenv first)");
+      klo::fail(KLO_ERROR_ENV_NOT_STARTED,
+                "The environment has not been started (call KLOstartenv first)");
     auto model = std::make_unique<KLOmodel>(*env);
     fill(*model);
     *modelP = model.release();
@@ -47,8 +48,8 @@ klo::Basis currentBasis(const KLOmodel& m) {
 
 extern "C" {
 
-int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars,
-                const double* obj, const double* lb, const double* ub, const char* vtype,
+int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, const double* obj,
+                const double* lb, const double* ub, const char* vtype,
                 const char* const* varnames) {
   return makeModel(env, modelP, [&](KLOmodel& m) {
     m.data.name = Pname ? Pname : "";
@@ -80,7 +81,8 @@ KLOmodel* KLOcopymodel(KLOmodel* model) {
 int KLOfreemodel(KLOmodel* model) {
   if (!model) return KLO_OK;
   if (model->busy)
-    return klo::record(&model->env, KLO_ERROR_BUSY, "A model cannot be freed while it is being solved");
+    return klo::record(&model->env, KLO_ERROR_BUSY,
+                       "A model cannot be freed while it is being solved");
   delete model;
   return KLO_OK;
 }
@@ -114,14 +116,18 @@ int KLOwrite(KLOmodel* model, const char* filename) {
   return readModel(model, [&] {
     requireArg(filename, "filename");
     switch (klo::fileKind(filename)) {
-      case klo::FileKind::Params: return klo::writeParamFile(filename, model->env.params);
-      case klo::FileKind::Start: return klo::writeStartFile(filename, model->data);
-      case klo::FileKind::Basis: return klo::writeBasisFile(filename, model->data, currentBasis(*model));
+      case klo::FileKind::Params:
+        return klo::writeParamFile(filename, model->env.params);
+      case klo::FileKind::Start:
+        return klo::writeStartFile(filename, model->data);
+      case klo::FileKind::Basis:
+        return klo::writeBasisFile(filename, model->data, currentBasis(*model));
       case klo::FileKind::Solution: {
         const klo::engine::Result& r = klo::solution(*model);
         return klo::writeSolutionFile(filename, model->data, r.objective, r.x);
       }
-      default: return klo::writeModelFile(filename, model->data);
+      default:
+        return klo::writeModelFile(filename, model->data);
     }
   });
 }
@@ -140,7 +146,8 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP) {
 int KLOreset(KLOmodel* model, int clearall) {
   return changeModel(model, [&] {
     if (clearall != 0 && clearall != 1)
-      klo::fail(KLO_ERROR_INVALID_ARGUMENT, "clearall must be 0 or 1, not " + std::to_string(clearall));
+      klo::fail(KLO_ERROR_INVALID_ARGUMENT,
+                "clearall must be 0 or 1, not " + std::to_string(clearall));
     if (clearall == 1) {
       model->data.start.assign(model->data.numVars(), KLO_UNDEFINED);
       model->data.colBasis.clear();

@@ -7,8 +7,8 @@ using klo::changeModel;
 extern "C" {
 
 int KLOsetobjectiven(KLOmodel* model, int index, int priority, double weight, double abstol,
-                     double reltol, const char* name, double constant, int lnz,
-                     const int* lind, const double* lval) {
+                     double reltol, const char* name, double constant, int lnz, const int* lind,
+                     const double* lval) {
   return changeModel(model, [&] {
     klo::ObjectiveSpec s;
     s.index = index;

@@ -57,13 +57,11 @@ int KLOgetstrparam(KLOenv* env, const char* paramname, char* value) {
 }
 
 int KLOsetintparam(KLOenv* env, const char* paramname, int value) {
-  return withParam(env, paramname,
-                   [&](const std::string& n) { env->params.setInt(n, value); });
+  return withParam(env, paramname, [&](const std::string& n) { env->params.setInt(n, value); });
 }
 
 int KLOsetdblparam(KLOenv* env, const char* paramname, double value) {
-  return withParam(env, paramname,
-                   [&](const std::string& n) { env->params.setDbl(n, value); });
+  return withParam(env, paramname, [&](const std::string& n) { env->params.setDbl(n, value); });
 }
 
 int KLOsetstrparam(KLOenv* env, const char* paramname, const char* value) {

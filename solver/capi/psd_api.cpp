@@ -18,8 +18,7 @@ int KLOdelpsdvars(KLOmodel* model, int numdel, const int* ind) {
 
 int KLOaddrangepsdconstr(KLOmodel* model, int numnz, const int* cind, const double* cval,
                          int numpsd, const int* psdvar, const int* mbeg, const int* mind,
-                         const double* mval, double lower, double upper,
-                         const char* constrname) {
+                         const double* mval, double lower, double upper, const char* constrname) {
   return changeModel(model, [&] {
     klo::Row row;
     row.lin = klo::makeSparse(numnz, cind, cval, model->data.numVars());

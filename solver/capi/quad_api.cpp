@@ -37,8 +37,8 @@ int KLOaddqconstr(KLOmodel* model, int numlnz, const int* lind, const double* lv
   });
 }
 
-int KLOgetqconstr(KLOmodel* model, int constr, int* numlnzP, int* lind, double* lval,
-                  int* numqnzP, int* qrow, int* qcol, double* qval) {
+int KLOgetqconstr(KLOmodel* model, int constr, int* numlnzP, int* lind, double* lval, int* numqnzP,
+                  int* qrow, int* qcol, double* qval) {
   return readModel(model, [&] {
     requireArg(numlnzP, "numlnzP");
     requireArg(numqnzP, "numqnzP");

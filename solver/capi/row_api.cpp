@@ -28,8 +28,8 @@ int KLOaddconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg, c
   });
 }
 
-int KLOaddrangeconstr(KLOmodel* model, int numnz, const int* cind, const double* cval,
-                      double lower, double upper, const char* constrname) {
+int KLOaddrangeconstr(KLOmodel* model, int numnz, const int* cind, const double* cval, double lower,
+                      double upper, const char* constrname) {
   return changeModel(model, [&] {
     klo::checkCount(numnz, "numnz");
     int beg = 0;
@@ -37,9 +37,9 @@ int KLOaddrangeconstr(KLOmodel* model, int numnz, const int* cind, const double*
   });
 }
 
-int KLOaddrangeconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg,
-                       const int* cind, const double* cval, const double* lower,
-                       const double* upper, const char* const* constrnames) {
+int KLOaddrangeconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg, const int* cind,
+                       const double* cval, const double* lower, const double* upper,
+                       const char* const* constrnames) {
   return changeModel(model, [&] {
     klo::addRows(model->data, {numconstrs, numnz, cbeg, cind, cval}, lower, upper, constrnames);
   });

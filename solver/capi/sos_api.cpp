@@ -40,9 +40,8 @@ int KLOgetsos(KLOmodel* model, int* nummembersP, int* types, int* beg, int* ind,
   });
 }
 
-int KLOaddgenconstrIndicator(KLOmodel* model, const char* name, int binvar, int binval,
-                             int nvars, const int* ind, const double* val, char sense,
-                             double rhs) {
+int KLOaddgenconstrIndicator(KLOmodel* model, const char* name, int binvar, int binval, int nvars,
+                             const int* ind, const double* val, char sense, double rhs) {
   return changeModel(model, [&] {
     klo::addIndicator(model->data, name, binvar, binval, nvars, ind, val, sense, rhs);
   });

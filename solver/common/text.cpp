@@ -22,7 +22,8 @@ std::vector<std::string> splitWords(const std::string& s) {
 }
 
 bool endsWith(const std::string& s, const std::string& suffix) {
-  return s.size() >= suffix.size() && s.compare(s.size() - suffix.size(), suffix.size(), suffix) == 0;
+  return s.size() >= suffix.size() &&
+         s.compare(s.size() - suffix.size(), suffix.size(), suffix) == 0;
 }
 
 bool parseDouble(const std::string& s, double& out) {

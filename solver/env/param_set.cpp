@@ -13,9 +13,12 @@ namespace {
 
 const char* typeName(ParamType t) {
   switch (t) {
-    case ParamType::Int: return "int";
-    case ParamType::Double: return "double";
-    default: return "string";
+    case ParamType::Int:
+      return "int";
+    case ParamType::Double:
+      return "double";
+    default:
+      return "string";
   }
 }
 
@@ -41,14 +44,12 @@ int ParamSet::require(const std::string& name, ParamType want) const {
   if (row < 0) fail(KLO_ERROR_UNKNOWN_PARAMETER, "Unknown parameter \"" + name + "\"");
   const ParamDef& d = paramDef(row);
   if (d.type != want)
-    fail(KLO_ERROR_PARAMETER_TYPE, "Parameter \"" + name + "\" is of type " +
-                                       typeName(d.type) + ", not " + typeName(want));
+    fail(KLO_ERROR_PARAMETER_TYPE,
+         "Parameter \"" + name + "\" is of type " + typeName(d.type) + ", not " + typeName(want));
   return row;
 }
 
-int ParamSet::getInt(const std::string& name) const {
-  return intAt(require(name, ParamType::Int));
-}
+int ParamSet::getInt(const std::string& name) const { return intAt(require(name, ParamType::Int)); }
 
 double ParamSet::getDbl(const std::string& name) const {
   return num_[require(name, ParamType::Double)];
@@ -108,8 +109,8 @@ std::vector<std::pair<std::string, std::string>> ParamSet::nonDefaults() const {
     if (d.type == ParamType::String) {
       if (!logFile_.empty()) out.emplace_back(d.name, logFile_);
     } else if (num_[i] != d.def) {
-      out.emplace_back(d.name, d.type == ParamType::Int ? std::to_string(intAt(i))
-                                                        : formatDouble(num_[i]));
+      out.emplace_back(d.name,
+                       d.type == ParamType::Int ? std::to_string(intAt(i)) : formatDouble(num_[i]));
     }
   }
   return out;

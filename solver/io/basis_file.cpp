@@ -22,7 +22,8 @@ NameTable tableOf(const std::vector<std::string>& names) {
 Basis readBasisFile(const std::string& path, const ModelData& d) {
   NameTable cols = tableOf(fileNames(d.varNames, "C"));
   NameTable rows = tableOf(fileNames(d.rowNames, "R"));
-  Basis b{std::vector<int>(d.numVars(), KLO_BASIS_LOWER), std::vector<int>(d.numRows(), KLO_BASIS_BASIC)};
+  Basis b{std::vector<int>(d.numVars(), KLO_BASIS_LOWER),
+          std::vector<int>(d.numRows(), KLO_BASIS_BASIC)};
   for (int j = 0; j < d.numVars(); ++j)
     if (d.lb[j] == d.ub[j]) b.cols[j] = KLO_BASIS_FIXED;
   std::istringstream in(readTextFile(path));
@@ -55,8 +56,9 @@ Basis readBasisFile(const std::string& path, const ModelData& d) {
     int r = rows.find(w[2]);
     if (r < 0) fail(KLO_ERROR_FILE_READ, where + "unknown constraint \"" + w[2] + "\"");
     b.cols[j] = KLO_BASIS_BASIC;
-    b.rows[r] = code == "XU" ? KLO_BASIS_UPPER
-                             : d.rows[r].lower == d.rows[r].upper ? KLO_BASIS_FIXED : KLO_BASIS_LOWER;
+    b.rows[r] = code == "XU"                         ? KLO_BASIS_UPPER
+                : d.rows[r].lower == d.rows[r].upper ? KLO_BASIS_FIXED
+                                                     : KLO_BASIS_LOWER;
   }
   if (!ended) fail(KLO_ERROR_FILE_READ, path + ": missing ENDATA");
   return b;
@@ -66,7 +68,8 @@ void writeBasisFile(const std::string& path, const ModelData& d, const Basis& b)
   std::vector<std::string> cols = fileNames(d.varNames, "C"), rows = fileNames(d.rowNames, "R");
   std::vector<int> nonbasicRows;
   for (int i = 0; i < d.numRows(); ++i)
-    if (b.rows[i] != KLO_BASIS_BASIC && b.rows[i] != KLO_BASIS_SUPERBASIC) nonbasicRows.push_back(i);
+    if (b.rows[i] != KLO_BASIS_BASIC && b.rows[i] != KLO_BASIS_SUPERBASIC)
+      nonbasicRows.push_back(i);
   std::ostringstream out;
   out << "NAME klo\n";
   size_t next = 0;
@@ -75,14 +78,20 @@ void writeBasisFile(const std::string& path, const ModelData& d, const Basis& b)
       case KLO_BASIS_BASIC:
         if (next < nonbasicRows.size()) {
           int i = nonbasicRows[next++];
-          out << (b.rows[i] == KLO_BASIS_UPPER ? " XU " : " XL ") << cols[j] << ' ' << rows[i] << '\n';
+          out << (b.rows[i] == KLO_BASIS_UPPER ? " XU " : " XL ") << cols[j] << ' ' << rows[i]
+              << '\n';
         }
         // A basic column without a partner row needs no line: the
         // format cannot say more about an inconsistent basis.
         break;
-      case KLO_BASIS_UPPER: out << " UL " << cols[j] << '\n'; break;
-      case KLO_BASIS_SUPERBASIC: out << " SB " << cols[j] << '\n'; break;
-      default: break;  // at the lower bound: the default
+      case KLO_BASIS_UPPER:
+        out << " UL " << cols[j] << '\n';
+        break;
+      case KLO_BASIS_SUPERBASIC:
+        out << " SB " << cols[j] << '\n';
+        break;
+      default:
+        break;  // at the lower bound: the default
     }
   }
   for (int i = 0; i < d.numRows(); ++i)

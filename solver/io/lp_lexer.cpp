@@ -11,7 +11,8 @@ namespace klo {
 namespace {
 
 bool nameChar(char c) {
-  return std::isalnum(static_cast<unsigned char>(c)) || std::strchr("_.!\"#$%&(),;?@{}~'|", c) != nullptr;
+  return std::isalnum(static_cast<unsigned char>(c)) ||
+         std::strchr("_.!\"#$%&(),;?@{}~'|", c) != nullptr;
 }
 
 }  // namespace
@@ -37,7 +38,8 @@ std::vector<LpToken> lexLp(const std::string& text, const std::string& path) {
     }
     LpToken t{LpToken::Op, "", 0, line, atStart};
     atStart = false;
-    if (std::isdigit(static_cast<unsigned char>(c)) || (c == '.' && i + 1 < n && std::isdigit(static_cast<unsigned char>(text[i + 1])))) {
+    if (std::isdigit(static_cast<unsigned char>(c)) ||
+        (c == '.' && i + 1 < n && std::isdigit(static_cast<unsigned char>(text[i + 1])))) {
       char* end = nullptr;
       t.value = std::strtod(text.c_str() + i, &end);
       size_t len = end - (text.c_str() + i);

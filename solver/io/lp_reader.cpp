@@ -68,8 +68,12 @@ class LpReader {
   const LpToken& peek(size_t k = 0) const { return t_[std::min(p_ + k, t_.size() - 1)]; }
   const LpToken& next() { return t_[p_ < t_.size() - 1 ? p_++ : p_]; }
   std::string where() const { return path_ + ":" + std::to_string(peek().line) + ": "; }
-  [[noreturn]] void bad(const std::string& what) const { fail(KLO_ERROR_FILE_READ, where() + what); }
-  bool isOp(const char* op, size_t k = 0) const { return peek(k).kind == LpToken::Op && peek(k).text == op; }
+  [[noreturn]] void bad(const std::string& what) const {
+    fail(KLO_ERROR_FILE_READ, where() + what);
+  }
+  bool isOp(const char* op, size_t k = 0) const {
+    return peek(k).kind == LpToken::Op && peek(k).text == op;
+  }
   bool isRelation() const { return isOp("<=") || isOp(">=") || isOp("="); }
 
   // A section header (a keyword standing alone on its line), consumed;
@@ -89,7 +93,8 @@ class LpReader {
     if (!tok.lineStart || tok.kind != LpToken::Name) return Section::None;
     std::string w = lower(tok.text);
     words = 1;
-    if ((w == "subject" && lower(peek(1).text) == "to") || (w == "such" && lower(peek(1).text) == "that"))
+    if ((w == "subject" && lower(peek(1).text) == "to") ||
+        (w == "such" && lower(peek(1).text) == "that"))
       w += " " + lower(peek(1).text), words = 2;
     if (w == "semi" && isOp("-", 1) && lower(peek(2).text) == "continuous")
       w = "semi-continuous", words = 3;  // lexed as three tokens
@@ -120,14 +125,22 @@ class LpReader {
 
   void statement(Section s) {
     switch (s) {
-      case Section::Objective: return objective();
-      case Section::Rows: return row();
-      case Section::Bounds: return bound();
-      case Section::Generals: return typeName('I');
-      case Section::Binaries: return typeName('B');
-      case Section::Semis: return typeName('S');
-      case Section::Sos: return sos();
-      default: bad("expected a section such as Minimize or Subject To");
+      case Section::Objective:
+        return objective();
+      case Section::Rows:
+        return row();
+      case Section::Bounds:
+        return bound();
+      case Section::Generals:
+        return typeName('I');
+      case Section::Binaries:
+        return typeName('B');
+      case Section::Semis:
+        return typeName('S');
+      case Section::Sos:
+        return sos();
+      default:
+        bad("expected a section such as Minimize or Subject To");
     }
   }
 
@@ -175,7 +188,8 @@ class LpReader {
       int a = column(next().text), b;
       if (isOp("^")) {
         next();
-        if (peek().kind != LpToken::Number || peek().value != 2) bad("only squares (^ 2) are allowed");
+        if (peek().kind != LpToken::Number || peek().value != 2)
+          bad("only squares (^ 2) are allowed");
         next();
         b = a;
       } else if (isOp("*")) {
@@ -270,7 +284,8 @@ class LpReader {
   void row() {
     int line = peek().line;
     std::string name = optionalLabel();
-    if (peek().kind == LpToken::Name && isOp("=", 1) && peek(2).kind == LpToken::Number && isOp("->", 3))
+    if (peek().kind == LpToken::Name && isOp("=", 1) && peek(2).kind == LpToken::Number &&
+        isOp("->", 3))
       return indicator(name, line);
     double lo = -1e20, up = 1e20;
     Expr body;
@@ -304,14 +319,18 @@ class LpReader {
   bool startsWithNumber() const {
     size_t k = 0;
     while (isOp("+", k) || isOp("-", k)) ++k;
-    bool constant = peek(k).kind == LpToken::Number || (peek(k).kind == LpToken::Name && isInfinity(peek(k).text));
+    bool constant = peek(k).kind == LpToken::Number ||
+                    (peek(k).kind == LpToken::Name && isInfinity(peek(k).text));
     return constant && (isOp("<=", k + 1) || isOp(">=", k + 1) || isOp("=", k + 1));
   }
 
   static void setBounds(const std::string& op, double rhs, double& lo, double& up) {
-    if (op == "<=") up = rhs;
-    else if (op == ">=") lo = rhs;
-    else lo = up = rhs;
+    if (op == "<=")
+      up = rhs;
+    else if (op == ">=")
+      lo = rhs;
+    else
+      lo = up = rhs;
   }
 
   void indicator(const std::string& name, int line) {
@@ -363,18 +382,24 @@ class LpReader {
 
   void applyBound(int j, const std::string& op, double v) {
     v = normBound(v);
-    if (op == "<=") d_.ub[j] = v;
-    else if (op == ">=") d_.lb[j] = v;
-    else d_.lb[j] = d_.ub[j] = v;
+    if (op == "<=")
+      d_.ub[j] = v;
+    else if (op == ">=")
+      d_.lb[j] = v;
+    else
+      d_.lb[j] = d_.ub[j] = v;
   }
 
   void typeName(char type) {
     if (peek().kind != LpToken::Name) bad("expected a variable name");
     int j = column(next().text);
     char& t = d_.type[j];
-    if (type == 'S') t = t == 'I' ? 'N' : 'S';
-    else if (type == 'I') t = t == 'S' ? 'N' : 'I';
-    else t = 'B';
+    if (type == 'S')
+      t = t == 'I' ? 'N' : 'S';
+    else if (type == 'I')
+      t = t == 'S' ? 'N' : 'I';
+    else
+      t = 'B';
   }
 
   void sos() {
@@ -402,7 +427,8 @@ class LpReader {
     SparseVec obj = makeSparse(static_cast<int>(objInd_.size()), objInd_.data(), objVal_.data(), n);
     for (int k = 0; k < obj.size(); ++k) d_.objectives[0].coef[obj.ind[k]] = obj.val[k];
     d_.objectives[0].constant = objConst_;
-    d_.qobj = makeQuad(static_cast<int>(objQv_.size()), objQr_.data(), objQc_.data(), objQv_.data(), n);
+    d_.qobj =
+        makeQuad(static_cast<int>(objQv_.size()), objQr_.data(), objQc_.data(), objQv_.data(), n);
     for (int j = 0; j < n; ++j) {
       d_.lb[j] = clipBound(d_.type[j], false, d_.lb[j]);
       d_.ub[j] = clipBound(d_.type[j], true, d_.ub[j]);
@@ -410,13 +436,16 @@ class LpReader {
     for (PendingRow& r : rows_) atLine(r.line, [&] { addRow(r); });
     for (PendingIndicator& ic : indicators_)
       atLine(ic.line, [&] {
-        addIndicator(d_, ic.name.c_str(), ic.binVar, ic.binVal, static_cast<int>(ic.body.ind.size()),
-                     ic.body.ind.data(), ic.body.val.data(), ic.sense, ic.rhs);
+        addIndicator(d_, ic.name.c_str(), ic.binVar, ic.binVal,
+                     static_cast<int>(ic.body.ind.size()), ic.body.ind.data(), ic.body.val.data(),
+                     ic.sense, ic.rhs);
       });
     for (PendingSos& s : sets_)
       atLine(s.line, [&] {
         int beg = 0;
-        addSos(d_, {1, static_cast<int>(s.members.size()), &beg, s.members.data(), s.weights.data()}, &s.type);
+        addSos(d_,
+               {1, static_cast<int>(s.members.size()), &beg, s.members.data(), s.weights.data()},
+               &s.type);
       });
     return std::move(d_);
   }
@@ -454,8 +483,10 @@ class LpReader {
   void addRow(const PendingRow& r) {
     Row row;
     int n = d_.numVars();
-    row.lin = makeSparse(static_cast<int>(r.body.ind.size()), r.body.ind.data(), r.body.val.data(), n);
-    QuadTerms q = makeQuad(static_cast<int>(r.body.qv.size()), r.body.qr.data(), r.body.qc.data(), r.body.qv.data(), n);
+    row.lin =
+        makeSparse(static_cast<int>(r.body.ind.size()), r.body.ind.data(), r.body.val.data(), n);
+    QuadTerms q = makeQuad(static_cast<int>(r.body.qv.size()), r.body.qr.data(), r.body.qc.data(),
+                           r.body.qv.data(), n);
     if (q.size() > 0) row.nl.ensure().quad = std::move(q);
     row.lower = normBound(r.lower);
     row.upper = normBound(r.upper);

@@ -15,11 +15,38 @@ namespace {
 const char* const kForbidden = "\\:+-*/^<>=[](){},;\"'";
 
 // Words a reader could take for a section header or a bound.
-const char* const kKeywords[] = {
-    "minimize", "minimise", "minimum", "min", "maximize", "maximise", "maximum", "max",
-    "subject", "such", "st", "s.t.", "st.", "bounds", "bound", "general", "generals", "gen",
-    "integer", "integers", "binary", "binaries", "bin", "semi-continuous", "semicontinuous",
-    "semis", "semi", "sos", "end", "free", "inf", "infinity"};
+const char* const kKeywords[] = {"minimize",
+                                 "minimise",
+                                 "minimum",
+                                 "min",
+                                 "maximize",
+                                 "maximise",
+                                 "maximum",
+                                 "max",
+                                 "subject",
+                                 "such",
+                                 "st",
+                                 "s.t.",
+                                 "st.",
+                                 "bounds",
+                                 "bound",
+                                 "general",
+                                 "generals",
+                                 "gen",
+                                 "integer",
+                                 "integers",
+                                 "binary",
+                                 "binaries",
+                                 "bin",
+                                 "semi-continuous",
+                                 "semicontinuous",
+                                 "semis",
+                                 "semi",
+                                 "sos",
+                                 "end",
+                                 "free",
+                                 "inf",
+                                 "infinity"};
 
 // fileNames, also replacing names a reader would take for numbers or
 // keywords.
@@ -56,8 +83,8 @@ void quadratic(std::ostream& out, const QuadTerms& q, const std::vector<std::str
   if (q.size() == 0) return;
   out << " + [";
   for (int k = 0; k < q.size(); ++k) {
-    std::string what = q.row[k] == q.col[k] ? names[q.row[k]] + " ^ 2"
-                                             : names[q.row[k]] + " * " + names[q.col[k]];
+    std::string what =
+        q.row[k] == q.col[k] ? names[q.row[k]] + " ^ 2" : names[q.row[k]] + " * " + names[q.col[k]];
     term(out, scale * q.val[k], what);
   }
   out << " ]" << (scale == 2 ? " / 2" : "");
@@ -85,10 +112,14 @@ void rows(std::ostream& out, const ModelData& d, const std::vector<std::string>&
     linear(out, r.lin, cols);
     if (r.nl) quadratic(out, r.nl->quad, cols, 1);
     if (r.lin.size() == 0 && !r.hasQuad()) out << " 0";
-    if (range || free) out << " <= " << num(r.upper);
-    else if (r.lower == r.upper) out << " = " << num(r.upper);
-    else if (r.lower > -1e20) out << " >= " << num(r.lower);
-    else out << " <= " << num(r.upper);
+    if (range || free)
+      out << " <= " << num(r.upper);
+    else if (r.lower == r.upper)
+      out << " = " << num(r.upper);
+    else if (r.lower > -1e20)
+      out << " >= " << num(r.lower);
+    else
+      out << " <= " << num(r.upper);
     out << "\n";
   }
   NameTable labels;
@@ -96,10 +127,13 @@ void rows(std::ostream& out, const ModelData& d, const std::vector<std::string>&
   std::vector<std::string> indNames = lpNames(labels, "I");
   for (size_t g = 0; g < d.indicators.size(); ++g) {
     const Indicator& ic = d.indicators[g];
-    out << " " << indNames[g] << ": " << cols[ic.binVar]
-        << " = " << ic.binVal << " ->";
+    out << " " << indNames[g] << ": " << cols[ic.binVar] << " = " << ic.binVal << " ->";
     linear(out, ic.lin, cols);
-    out << ' ' << (ic.sense == '<' ? "<=" : ic.sense == '>' ? ">=" : "=") << ' ' << num(ic.rhs) << "\n";
+    out << ' '
+        << (ic.sense == '<'   ? "<="
+            : ic.sense == '>' ? ">="
+                              : "=")
+        << ' ' << num(ic.rhs) << "\n";
   }
 }
 
@@ -107,9 +141,12 @@ void bounds(std::ostream& out, const ModelData& d, const std::vector<std::string
   out << "Bounds\n";
   for (int j = 0; j < d.numVars(); ++j) {
     double lb = d.lb[j], ub = d.ub[j];
-    if (lb <= -1e20 && ub >= 1e20) out << ' ' << cols[j] << " free\n";
-    else if (lb == ub) out << ' ' << cols[j] << " = " << num(lb) << "\n";
-    else out << ' ' << num(lb) << " <= " << cols[j] << " <= " << num(ub) << "\n";
+    if (lb <= -1e20 && ub >= 1e20)
+      out << ' ' << cols[j] << " free\n";
+    else if (lb == ub)
+      out << ' ' << cols[j] << " = " << num(lb) << "\n";
+    else
+      out << ' ' << num(lb) << " <= " << cols[j] << " <= " << num(ub) << "\n";
   }
 }
 
@@ -136,9 +173,11 @@ void sets(std::ostream& out, const ModelData& d, const std::vector<std::string>&
 
 void writeLp(const std::string& path, const ModelData& d) {
   if (!d.psdVars.empty())
-    fail(KLO_ERROR_NOT_SUPPORTED, "Cannot write \"" + path + "\": the LP format has no PSD variables");
+    fail(KLO_ERROR_NOT_SUPPORTED,
+         "Cannot write \"" + path + "\": the LP format has no PSD variables");
   if (d.objectives.size() > 1)
-    fail(KLO_ERROR_NOT_SUPPORTED, "Cannot write \"" + path + "\": several objectives are not supported in LP files");
+    fail(KLO_ERROR_NOT_SUPPORTED,
+         "Cannot write \"" + path + "\": several objectives are not supported in LP files");
   std::vector<std::string> cols = lpNames(d.varNames, "C"), rowNames = lpNames(d.rowNames, "R");
   std::ostringstream out;
   out.precision(17);

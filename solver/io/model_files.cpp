@@ -19,23 +19,30 @@ FileKind fileKind(const std::string& path) {
     if (endsWith(p, ".sol")) return FileKind::Solution;
     if (endsWith(p, ".bas")) return FileKind::Basis;
   }
-  fail(KLO_ERROR_FILE_FORMAT, "Unknown file format of \"" + path +
-                                  "\" (expected .mps, .lp, optionally .gz, or .prm, .mst, .sol, .bas)");
+  fail(KLO_ERROR_FILE_FORMAT,
+       "Unknown file format of \"" + path +
+           "\" (expected .mps, .lp, optionally .gz, or .prm, .mst, .sol, .bas)");
 }
 
 ModelData readModelFile(const std::string& path) {
   switch (fileKind(path)) {
-    case FileKind::Mps: return readMps(path);
-    case FileKind::Lp: return readLp(path);
-    default: fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
+    case FileKind::Mps:
+      return readMps(path);
+    case FileKind::Lp:
+      return readLp(path);
+    default:
+      fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
   }
 }
 
 void writeModelFile(const std::string& path, const ModelData& d) {
   switch (fileKind(path)) {
-    case FileKind::Mps: return writeMps(path, d);
-    case FileKind::Lp: return writeLp(path, d);
-    default: fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
+    case FileKind::Mps:
+      return writeMps(path, d);
+    case FileKind::Lp:
+      return writeLp(path, d);
+    default:
+      fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
   }
 }
 

@@ -1,7 +1,6 @@
 #include <CoinMessageHandler.hpp>
 #include <CoinMpsIO.hpp>
 #include <CoinPackedMatrix.hpp>
-
 #include <algorithm>
 #include <cctype>
 #include <memory>
@@ -27,7 +26,8 @@ class FirstProblem : public CoinMessageHandler {
     if (n >= 3000 && first_.empty()) {
       std::string text = messageBuffer();
       size_t gap = text.find(' ');
-      first_ = gap != std::string::npos && text.compare(0, 4, "Coin") == 0 ? text.substr(gap + 1) : text;
+      first_ =
+          gap != std::string::npos && text.compare(0, 4, "Coin") == 0 ? text.substr(gap + 1) : text;
     }
     return 0;
   }

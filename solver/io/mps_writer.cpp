@@ -1,6 +1,5 @@
 #include <CoinMpsIO.hpp>
 #include <CoinPackedMatrix.hpp>
-
 #include <sstream>
 
 #include "common/error.h"
@@ -15,14 +14,16 @@ namespace {
 
 void refuseWhatMpsCannotHold(const std::string& path, const ModelData& d) {
   const char* what = nullptr;
-  for (const Row& r : d.rows) what = r.hasQuad() ? "quadratic constraints" : r.hasPsd() ? "PSD terms" : what;
+  for (const Row& r : d.rows)
+    what = r.hasQuad() ? "quadratic constraints" : r.hasPsd() ? "PSD terms" : what;
   if (!d.psdVars.empty()) what = "PSD variables";
   if (!d.indicators.empty()) what = "indicator constraints";
   if (d.objectives.size() > 1) what = "several objectives";
   for (char t : d.type) what = t == 'N' ? "semi-integer variables" : what;
   if (what)
-    fail(KLO_ERROR_NOT_SUPPORTED,
-         "Cannot write \"" + path + "\": the MPS writer does not support " + what + " (write an .lp file)");
+    fail(KLO_ERROR_NOT_SUPPORTED, "Cannot write \"" + path +
+                                      "\": the MPS writer does not support " + what +
+                                      " (write an .lp file)");
 }
 
 CoinPackedMatrix columnMatrix(const ModelData& d) {
@@ -86,7 +87,8 @@ void writeMps(const std::string& path, const ModelData& d) {
   io.setObjectiveOffset(-d.objectives[0].constant);
   std::vector<CoinSet> sets;  // CoinMpsIO indexes a plain CoinSet array
   for (const Sos& s : d.sos)
-    sets.push_back(CoinSosSet(static_cast<int>(s.members.size()), s.members.data(), s.weights.data(), s.type));
+    sets.push_back(
+        CoinSosSet(static_cast<int>(s.members.size()), s.members.data(), s.weights.data(), s.type));
 
   TempPath tmp;
   io.messageHandler()->setLogLevel(0);

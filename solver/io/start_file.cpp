@@ -15,7 +15,8 @@ std::string valueLines(const ModelData& d, const std::vector<double>& x, bool sk
   std::vector<std::string> names = fileNames(d.varNames, "C");
   std::ostringstream out;
   for (int j = 0; j < d.numVars(); ++j)
-    if (!skipUndefined || x[j] != KLO_UNDEFINED) out << names[j] << ' ' << formatDouble(x[j]) << '\n';
+    if (!skipUndefined || x[j] != KLO_UNDEFINED)
+      out << names[j] << ' ' << formatDouble(x[j]) << '\n';
   return out.str();
 }
 
@@ -48,7 +49,8 @@ void writeStartFile(const std::string& path, const ModelData& d) {
 
 void writeSolutionFile(const std::string& path, const ModelData& d, double objective,
                        const std::vector<double>& x) {
-  writeTextFile(path, "# Objective value = " + formatDouble(objective) + "\n" + valueLines(d, x, false));
+  writeTextFile(path,
+                "# Objective value = " + formatDouble(objective) + "\n" + valueLines(d, x, false));
 }
 
 }  // namespace klo

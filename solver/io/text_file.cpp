@@ -20,7 +20,8 @@ std::string readTextFile(const std::string& path) {
   std::string text;
   std::vector<char> buf(1 << 16);
   int n;
-  while ((n = gzread(f, buf.data(), static_cast<unsigned>(buf.size()))) > 0) text.append(buf.data(), n);
+  while ((n = gzread(f, buf.data(), static_cast<unsigned>(buf.size()))) > 0)
+    text.append(buf.data(), n);
   int err = 0;
   std::string detail = n < 0 ? gzerror(f, &err) : "";
   gzclose(f);

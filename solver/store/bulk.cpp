@@ -10,12 +10,13 @@ void Bulk::check(const char* what, bool needValues) const {
   checkCount(n, what);
   checkCount(nnz, "Number of non-zeros");
   if (nnz == 0 || n == 0) {
-    if (nnz > 0) fail(KLO_ERROR_INVALID_ARGUMENT, std::to_string(nnz) + " entries given for no elements");
+    if (nnz > 0)
+      fail(KLO_ERROR_INVALID_ARGUMENT, std::to_string(nnz) + " entries given for no elements");
     return;
   }
   if (!beg || !ind || (needValues && !val))
-    fail(KLO_ERROR_NULL_ARGUMENT, "Begin, index or value array is null for " +
-                                      std::to_string(nnz) + " entries");
+    fail(KLO_ERROR_NULL_ARGUMENT,
+         "Begin, index or value array is null for " + std::to_string(nnz) + " entries");
   for (int k = 0; k < n; ++k) {
     int lo = beg[k], hi = end(k);
     if (lo < 0 || lo > hi || hi > nnz)

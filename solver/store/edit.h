@@ -68,8 +68,8 @@ void addSos(ModelData& d, const Bulk& sets, const int* types);
 void deleteSos(ModelData& d, int n, const int* ind);
 
 // Indicator constraints.
-void addIndicator(ModelData& d, const char* name, int binVar, int binVal, int n,
-                  const int* ind, const double* val, char sense, double rhs);
+void addIndicator(ModelData& d, const char* name, int binVar, int binVal, int n, const int* ind,
+                  const double* val, char sense, double rhs);
 void deleteIndicators(ModelData& d, int n, const int* ind);
 
 // Objectives: objective index (created with the ones before it) becomes

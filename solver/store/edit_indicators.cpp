@@ -8,13 +8,15 @@
 
 namespace klo {
 
-void addIndicator(ModelData& d, const char* name, int binVar, int binVal, int n,
-                  const int* ind, const double* val, char sense, double rhs) {
+void addIndicator(ModelData& d, const char* name, int binVar, int binVal, int n, const int* ind,
+                  const double* val, char sense, double rhs) {
   checkIndex(d, Kind::Var, binVar);
   if (d.type[binVar] != 'B')
-    fail(KLO_ERROR_INVALID_ARGUMENT, "Indicator variable " + std::to_string(binVar) + " is not binary");
+    fail(KLO_ERROR_INVALID_ARGUMENT,
+         "Indicator variable " + std::to_string(binVar) + " is not binary");
   if (binVal != 0 && binVal != 1)
-    fail(KLO_ERROR_INVALID_ARGUMENT, "Indicator value " + std::to_string(binVal) + " is neither 0 nor 1");
+    fail(KLO_ERROR_INVALID_ARGUMENT,
+         "Indicator value " + std::to_string(binVal) + " is neither 0 nor 1");
   Indicator ic;
   ic.lin = makeSparse(n, ind, val, d.numVars());
   checkBound(rhs, "Right-hand side");

@@ -10,7 +10,8 @@ namespace klo {
 
 void setObjective(ModelData& d, const ObjectiveSpec& s) {
   if (s.index < 0)
-    fail(KLO_ERROR_INVALID_OBJECTIVE, "Objective index " + std::to_string(s.index) + " is negative");
+    fail(KLO_ERROR_INVALID_OBJECTIVE,
+         "Objective index " + std::to_string(s.index) + " is negative");
   checkCoef(s.weight, "Objective weight");
   checkCoef(s.absTol, "Absolute tolerance");
   checkCoef(s.relTol, "Relative tolerance");

@@ -10,9 +10,11 @@ namespace klo {
 
 void addPsdVar(ModelData& d, int dim, const char* name) {
   if (dim < 1)
-    fail(KLO_ERROR_INVALID_ARGUMENT, "PSD variable dimension " + std::to_string(dim) + " is not positive");
+    fail(KLO_ERROR_INVALID_ARGUMENT,
+         "PSD variable dimension " + std::to_string(dim) + " is not positive");
   if (static_cast<long long>(dim) * dim > 2147483647LL)
-    fail(KLO_ERROR_INVALID_ARGUMENT, "PSD variable dimension " + std::to_string(dim) + " is too large");
+    fail(KLO_ERROR_INVALID_ARGUMENT,
+         "PSD variable dimension " + std::to_string(dim) + " is too large");
   PsdVar v;
   v.dim = dim;
   v.name = name ? name : "";
@@ -52,8 +54,10 @@ std::vector<PsdTerm> makePsdTerms(const ModelData& d, int numpsd, const int* psd
     // Two matrices for one PSD variable add up.
     PsdTerm* same = nullptr;
     for (PsdTerm& t : terms) same = t.psdVar == psdvar[k] ? &t : same;
-    if (same) same->mat = addSym(same->mat, m);
-    else terms.push_back({psdvar[k], std::move(m)});
+    if (same)
+      same->mat = addSym(same->mat, m);
+    else
+      terms.push_back({psdvar[k], std::move(m)});
   }
   return terms;
 }

@@ -12,8 +12,7 @@ namespace klo {
 void addRows(ModelData& d, const Bulk& rows, const double* lower, const double* upper,
              const char* const* names) {
   rows.check("Number of constraints");
-  if (rows.n > 0 && (!lower || !upper))
-    fail(KLO_ERROR_NULL_ARGUMENT, "Row bound array is null");
+  if (rows.n > 0 && (!lower || !upper)) fail(KLO_ERROR_NULL_ARGUMENT, "Row bound array is null");
   std::vector<Row> made(rows.n);
   for (int k = 0; k < rows.n; ++k) {
     int lo = rows.first(k);
@@ -24,8 +23,7 @@ void addRows(ModelData& d, const Bulk& rows, const double* lower, const double* 
     made[k].upper = normBound(upper[k]);
   }
   d.rows.reserve(d.rows.size() + rows.n);
-  for (int k = 0; k < rows.n; ++k)
-    appendRow(d, std::move(made[k]), names ? names[k] : nullptr);
+  for (int k = 0; k < rows.n; ++k) appendRow(d, std::move(made[k]), names ? names[k] : nullptr);
 }
 
 void appendRow(ModelData& d, Row row, const char* name) {

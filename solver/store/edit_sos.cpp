@@ -41,8 +41,8 @@ void addSos(ModelData& d, const Bulk& sets, const int* types) {
   std::vector<Sos> made;
   for (int k = 0; k < sets.n; ++k) {
     int lo = sets.first(k);
-    made.push_back(makeSos(d, types[k], sets.end(k) - lo, sets.ind + lo,
-                           sets.val ? sets.val + lo : nullptr));
+    made.push_back(
+        makeSos(d, types[k], sets.end(k) - lo, sets.ind + lo, sets.val ? sets.val + lo : nullptr));
   }
   d.sos.insert(d.sos.end(), made.begin(), made.end());
 }

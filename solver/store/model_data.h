@@ -101,7 +101,7 @@ struct ModelData {
 
   // Variables.
   std::vector<double> lb, ub;
-  std::vector<char> type;  // 'C', 'B', 'I', 'S', 'N'
+  std::vector<char> type;     // 'C', 'B', 'I', 'S', 'N'
   std::vector<double> start;  // 1e101 when unset
   NameTable varNames;
 

@@ -17,19 +17,22 @@ void requireArrays(int n, std::initializer_list<const void*> arrays) {
   bool missing = false;
   for (const void* a : arrays) missing = missing || a == nullptr;
   if (n > 0 && missing)
-    fail(KLO_ERROR_NULL_ARGUMENT, "Index or value array is null for " + std::to_string(n) + " entries");
+    fail(KLO_ERROR_NULL_ARGUMENT,
+         "Index or value array is null for " + std::to_string(n) + " entries");
 }
 
 void checkVarIndex(int j, int count, Kind kind = Kind::Var) {
   if (j < 0 || j >= count)
     fail(invalidIndexCode(kind), std::string(kindName(kind)) + " index " + std::to_string(j) +
-                                     " is out of range (the model has " + std::to_string(count) + ")");
+                                     " is out of range (the model has " + std::to_string(count) +
+                                     ")");
 }
 
 // Sorts (key, value) pairs by key, sums equal keys and drops zeros.
 template <class K>
 void normalise(std::vector<std::pair<K, double>>& e) {
-  std::stable_sort(e.begin(), e.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+  std::stable_sort(e.begin(), e.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
   size_t out = 0;
   for (size_t i = 0; i < e.size();) {
     K key = e[i].first;

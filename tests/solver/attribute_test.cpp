@@ -21,48 +21,87 @@ struct AttrCase {
 
 // The attribute list of klo_c.h.
 const AttrCase kAttrs[] = {
-    {"ModelSense", Int, Model, true, false},   {"MinSense", Int, Model, true, false},
-    {"HasSolution", Int, Model, false, false}, {"HasPrimalRay", Int, Model, false, false},
-    {"HasDualRay", Int, Model, false, false},  {"NumVars", Int, Model, false, false},
-    {"NumConss", Int, Model, false, false},    {"NumConstrs", Int, Model, false, false},
-    {"NumQConstrs", Int, Model, false, false}, {"NumSOS", Int, Model, false, false},
-    {"NumGenConstrs", Int, Model, false, false}, {"NumEnts", Int, Model, false, false},
-    {"NumNZs", Int, Model, false, false},      {"SPX/NumIters", Int, Model, false, true},
-    {"IPM/NumIters", Int, Model, false, true}, {"IsInteger", Int, Model, false, false},
-    {"IISVar", Int, Var, false, true},         {"IISConstr", Int, Row, false, true},
-    {"IISCol", Int, Var, false, true},         {"IISRow", Int, Row, false, true},
-    {"ColBasis", Int, Var, true, true},        {"RowBasis", Int, Row, true, true},
-    {"GenConstrType", Int, Gen, false, false}, {"Status", Int, Model, false, false},
-    {"Dim", Int, Psd, false, false},           {"NumPsdVars", Int, Model, false, false},
-    {"NumPsdConstrs", Int, Model, false, false}, {"SolCount", Int, Model, false, false},
-    {"NumObj", Int, Model, false, false},      {"ObjNPriority", Int, Model, true, false},
-    {"NumContVars", Int, Model, false, false}, {"NumIntVars", Int, Model, false, false},
+    {"ModelSense", Int, Model, true, false},
+    {"MinSense", Int, Model, true, false},
+    {"HasSolution", Int, Model, false, false},
+    {"HasPrimalRay", Int, Model, false, false},
+    {"HasDualRay", Int, Model, false, false},
+    {"NumVars", Int, Model, false, false},
+    {"NumConss", Int, Model, false, false},
+    {"NumConstrs", Int, Model, false, false},
+    {"NumQConstrs", Int, Model, false, false},
+    {"NumSOS", Int, Model, false, false},
+    {"NumGenConstrs", Int, Model, false, false},
+    {"NumEnts", Int, Model, false, false},
+    {"NumNZs", Int, Model, false, false},
+    {"SPX/NumIters", Int, Model, false, true},
+    {"IPM/NumIters", Int, Model, false, true},
+    {"IsInteger", Int, Model, false, false},
+    {"IISVar", Int, Var, false, true},
+    {"IISConstr", Int, Row, false, true},
+    {"IISCol", Int, Var, false, true},
+    {"IISRow", Int, Row, false, true},
+    {"ColBasis", Int, Var, true, true},
+    {"RowBasis", Int, Row, true, true},
+    {"GenConstrType", Int, Gen, false, false},
+    {"Status", Int, Model, false, false},
+    {"Dim", Int, Psd, false, false},
+    {"NumPsdVars", Int, Model, false, false},
+    {"NumPsdConstrs", Int, Model, false, false},
+    {"SolCount", Int, Model, false, false},
+    {"NumObj", Int, Model, false, false},
+    {"ObjNPriority", Int, Model, true, false},
+    {"NumContVars", Int, Model, false, false},
+    {"NumIntVars", Int, Model, false, false},
     {"NumBinVars", Int, Model, false, false},
-    {"ObjConst", Dbl, Model, true, false},     {"ObjCon", Dbl, Model, true, false},
-    {"PrimalObjVal", Dbl, Model, false, true}, {"ObjVal", Dbl, Model, false, true},
-    {"PoolNObjVal", Dbl, Model, false, true},  {"DualObjVal", Dbl, Model, false, true},
-    {"PresolverTime", Dbl, Model, false, true}, {"SolverTime", Dbl, Model, false, true},
-    {"SolutionTime", Dbl, Model, false, true}, {"MIP/GapAbs", Dbl, Model, false, true},
-    {"MIP/GapRel", Dbl, Model, false, true},   {"LB", Dbl, Var, true, false},
-    {"UB", Dbl, Var, true, false},             {"Obj", Dbl, Var, true, false},
-    {"LHS", Dbl, Row, true, false},            {"RHS", Dbl, Row, true, false},
-    {"QCLHS", Dbl, Row, true, false},          {"QCRHS", Dbl, Row, true, false},
-    {"PrimalSoln", Dbl, Var, false, true},     {"X", Dbl, Var, false, true},
-    {"PoolNX", Dbl, Var, false, true},         {"Xn", Dbl, Var, false, true},
-    {"Start", Dbl, Var, true, false},          {"DualSoln", Dbl, Row, false, true},
-    {"Activity", Dbl, Row, false, true},       {"ReducedCost", Dbl, Var, false, true},
-    {"RC", Dbl, Var, false, true},             {"PsdCLHS", Dbl, Row, true, false},
-    {"PsdCRHS", Dbl, Row, true, false},        {"ObjN", Dbl, Var, true, false},
-    {"ObjNCon", Dbl, Model, true, false},      {"ObjNVal", Dbl, Model, false, true},
-    {"ObjNWeight", Dbl, Model, true, false},   {"ObjNRelTol", Dbl, Model, true, false},
+    {"ObjConst", Dbl, Model, true, false},
+    {"ObjCon", Dbl, Model, true, false},
+    {"PrimalObjVal", Dbl, Model, false, true},
+    {"ObjVal", Dbl, Model, false, true},
+    {"PoolNObjVal", Dbl, Model, false, true},
+    {"DualObjVal", Dbl, Model, false, true},
+    {"PresolverTime", Dbl, Model, false, true},
+    {"SolverTime", Dbl, Model, false, true},
+    {"SolutionTime", Dbl, Model, false, true},
+    {"MIP/GapAbs", Dbl, Model, false, true},
+    {"MIP/GapRel", Dbl, Model, false, true},
+    {"LB", Dbl, Var, true, false},
+    {"UB", Dbl, Var, true, false},
+    {"Obj", Dbl, Var, true, false},
+    {"LHS", Dbl, Row, true, false},
+    {"RHS", Dbl, Row, true, false},
+    {"QCLHS", Dbl, Row, true, false},
+    {"QCRHS", Dbl, Row, true, false},
+    {"PrimalSoln", Dbl, Var, false, true},
+    {"X", Dbl, Var, false, true},
+    {"PoolNX", Dbl, Var, false, true},
+    {"Xn", Dbl, Var, false, true},
+    {"Start", Dbl, Var, true, false},
+    {"DualSoln", Dbl, Row, false, true},
+    {"Activity", Dbl, Row, false, true},
+    {"ReducedCost", Dbl, Var, false, true},
+    {"RC", Dbl, Var, false, true},
+    {"PsdCLHS", Dbl, Row, true, false},
+    {"PsdCRHS", Dbl, Row, true, false},
+    {"ObjN", Dbl, Var, true, false},
+    {"ObjNCon", Dbl, Model, true, false},
+    {"ObjNVal", Dbl, Model, false, true},
+    {"ObjNWeight", Dbl, Model, true, false},
+    {"ObjNRelTol", Dbl, Model, true, false},
     {"ObjNAbsTol", Dbl, Model, true, false},
     {"VType", Chr, Var, true, false},
-    {"ProbName", Str, Model, true, false},     {"ModelName", Str, Model, true, false},
-    {"RowName", Str, Row, true, false},        {"ConstrName", Str, Row, true, false},
-    {"QCName", Str, Row, true, false},         {"ColName", Str, Var, true, false},
-    {"VarName", Str, Var, true, false},        {"PsdVarName", Str, Psd, true, false},
-    {"PsdCName", Str, Row, true, false},       {"GenConstrName", Str, Gen, true, false},
-    {"PsdX", Mat, Psd, false, true},           {"PsdObj", Mat, Psd, true, false},
+    {"ProbName", Str, Model, true, false},
+    {"ModelName", Str, Model, true, false},
+    {"RowName", Str, Row, true, false},
+    {"ConstrName", Str, Row, true, false},
+    {"QCName", Str, Row, true, false},
+    {"ColName", Str, Var, true, false},
+    {"VarName", Str, Var, true, false},
+    {"PsdVarName", Str, Psd, true, false},
+    {"PsdCName", Str, Row, true, false},
+    {"GenConstrName", Str, Gen, true, false},
+    {"PsdX", Mat, Psd, false, true},
+    {"PsdObj", Mat, Psd, true, false},
 };
 
 // A model with one element of every kind, each at index 0.
@@ -87,17 +126,25 @@ class Attributes : public klotest::ModelTest {
     int nnz = 0;
     if (c.level == Model) {
       switch (c.type) {
-        case Int: return KLOgetintattr(model, c.name, &i);
-        case Dbl: return KLOgetdblattr(model, c.name, &d);
-        default: return KLOgetstrattr(model, c.name, &s);
+        case Int:
+          return KLOgetintattr(model, c.name, &i);
+        case Dbl:
+          return KLOgetdblattr(model, c.name, &d);
+        default:
+          return KLOgetstrattr(model, c.name, &s);
       }
     }
     switch (c.type) {
-      case Int: return KLOgetintattrelement(model, c.name, 0, &i);
-      case Dbl: return KLOgetdblattrelement(model, c.name, 0, &d);
-      case Chr: return KLOgetcharattrelement(model, c.name, 0, &ch);
-      case Str: return KLOgetstrattrelement(model, c.name, 0, &s);
-      default: return KLOgetmatattrelement(model, c.name, 0, &nnz, nullptr, nullptr, nullptr, nullptr);
+      case Int:
+        return KLOgetintattrelement(model, c.name, 0, &i);
+      case Dbl:
+        return KLOgetdblattrelement(model, c.name, 0, &d);
+      case Chr:
+        return KLOgetcharattrelement(model, c.name, 0, &ch);
+      case Str:
+        return KLOgetstrattrelement(model, c.name, 0, &s);
+      default:
+        return KLOgetmatattrelement(model, c.name, 0, &nnz, nullptr, nullptr, nullptr, nullptr);
     }
   }
 };
@@ -115,8 +162,14 @@ TEST_F(Attributes, ReadOnlyAttributesRefuseSetting) {
     SCOPED_TRACE(c.name);
     int status;
     switch (c.type) {
-      case Int: status = c.level == Model ? KLOsetintattr(model, c.name, 1) : KLOsetintattrelement(model, c.name, 0, 1); break;
-      case Dbl: status = c.level == Model ? KLOsetdblattr(model, c.name, 1) : KLOsetdblattrelement(model, c.name, 0, 1); break;
+      case Int:
+        status = c.level == Model ? KLOsetintattr(model, c.name, 1)
+                                  : KLOsetintattrelement(model, c.name, 0, 1);
+        break;
+      case Dbl:
+        status = c.level == Model ? KLOsetdblattr(model, c.name, 1)
+                                  : KLOsetdblattrelement(model, c.name, 0, 1);
+        break;
       default: {
         const int pos = 0;
         const double v = 1;
@@ -268,7 +321,8 @@ TEST_F(Attributes, ObjectiveNumberSelectsTheObjective) {
   ASSERT_EQ(KLOsetintparam(menv, "ObjNumber", 2), KLO_OK);
   EXPECT_EQ(KLOgetdblattr(model, "ObjNCon", &d), KLO_ERROR_INVALID_OBJECTIVE);
   EXPECT_EQ(KLOsetdblattrelement(model, "ObjN", 0, 1), KLO_ERROR_INVALID_OBJECTIVE);
-  EXPECT_EQ(KLOsetobjectiven(model, -1, 0, 1, 0, 0, "", 0, 0, nullptr, nullptr), KLO_ERROR_INVALID_OBJECTIVE);
+  EXPECT_EQ(KLOsetobjectiven(model, -1, 0, 1, 0, 0, "", 0, 0, nullptr, nullptr),
+            KLO_ERROR_INVALID_OBJECTIVE);
 }
 
 TEST_F(Attributes, StringResultsStayValidUntilTheNameChanges) {

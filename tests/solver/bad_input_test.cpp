@@ -40,25 +40,35 @@ const double kRhs1[] = {1};
 const std::vector<BadCall> kCases = {
     // null pointers where an array is required
     {"addvars without index array", KLO_ERROR_NULL_ARGUMENT,
-     [](KLOmodel* m) { return KLOaddvars(m, 1, 2, kBeg1, nullptr, kVal2, nullptr, nullptr, nullptr, nullptr, nullptr); }},
+     [](KLOmodel* m) {
+       return KLOaddvars(m, 1, 2, kBeg1, nullptr, kVal2, nullptr, nullptr, nullptr, nullptr,
+                         nullptr);
+     }},
     {"addconstrs without senses", KLO_ERROR_NULL_ARGUMENT,
-     [](KLOmodel* m) { return KLOaddconstrs(m, 1, 2, kBeg1, kInd2, kVal2, nullptr, kRhs1, nullptr); }},
+     [](KLOmodel* m) {
+       return KLOaddconstrs(m, 1, 2, kBeg1, kInd2, kVal2, nullptr, kRhs1, nullptr);
+     }},
     {"addqpterms without values", KLO_ERROR_NULL_ARGUMENT,
      [](KLOmodel* m) { return KLOaddqpterms(m, 1, kInd2, kInd2, nullptr); }},
-    {"delvars without indices", KLO_ERROR_NULL_ARGUMENT, [](KLOmodel* m) { return KLOdelvars(m, 1, nullptr); }},
+    {"delvars without indices", KLO_ERROR_NULL_ARGUMENT,
+     [](KLOmodel* m) { return KLOdelvars(m, 1, nullptr); }},
     {"getconstrs without count", KLO_ERROR_NULL_ARGUMENT,
      [](KLOmodel* m) { return KLOgetconstrs(m, nullptr, nullptr, nullptr, nullptr, 0, 1); }},
     {"set string attribute to null", KLO_ERROR_NULL_ARGUMENT,
      [](KLOmodel* m) { return KLOsetstrattr(m, "ModelName", nullptr); }},
-    {"null model", KLO_ERROR_NULL_ARGUMENT, [](KLOmodel*) { return KLOaddvar(nullptr, 0, nullptr, nullptr, 0, 0, 1, 'C', "x"); }},
+    {"null model", KLO_ERROR_NULL_ARGUMENT,
+     [](KLOmodel*) { return KLOaddvar(nullptr, 0, nullptr, nullptr, 0, 0, 1, 'C', "x"); }},
     // indices out of range, with each kind's code
     {"row entry names a missing variable", KLO_ERROR_INVALID_VAR,
      [](KLOmodel* m) { return KLOaddrangeconstr(m, 2, kBadVar, kVal2, 0, 1, "bad"); }},
     {"column entry names a missing row", KLO_ERROR_INVALID_CONSTR,
      [](KLOmodel* m) { return KLOaddvar(m, 2, kBadVar, kVal2, 0, 0, 1, 'C', "bad"); }},
-    {"delete a missing row", KLO_ERROR_INVALID_CONSTR, [](KLOmodel* m) { return KLOdelconstrs(m, 2, kBadVar); }},
-    {"delete a missing PSD variable", KLO_ERROR_INVALID_PSDVAR, [](KLOmodel* m) { return KLOdelpsdvars(m, 2, kBadVar); }},
-    {"delete a missing SOS", KLO_ERROR_INVALID_SOS, [](KLOmodel* m) { return KLOdelsos(m, 1, kInd2); }},
+    {"delete a missing row", KLO_ERROR_INVALID_CONSTR,
+     [](KLOmodel* m) { return KLOdelconstrs(m, 2, kBadVar); }},
+    {"delete a missing PSD variable", KLO_ERROR_INVALID_PSDVAR,
+     [](KLOmodel* m) { return KLOdelpsdvars(m, 2, kBadVar); }},
+    {"delete a missing SOS", KLO_ERROR_INVALID_SOS,
+     [](KLOmodel* m) { return KLOdelsos(m, 1, kInd2); }},
     {"delete a missing general constraint", KLO_ERROR_INVALID_GENCONSTR,
      [](KLOmodel* m) { return KLOdelgenconstrs(m, 1, kInd2); }},
     {"attribute of a missing variable", KLO_ERROR_INVALID_VAR,
@@ -69,7 +79,10 @@ const std::vector<BadCall> kCases = {
      [](KLOmodel* m) { return KLOsetobjectiven(m, -1, 0, 1, 0, 0, "o", 0, 0, nullptr, nullptr); }},
     // negative counts and broken offsets
     {"negative variable count", KLO_ERROR_INVALID_ARGUMENT,
-     [](KLOmodel* m) { return KLOaddvars(m, -1, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr); }},
+     [](KLOmodel* m) {
+       return KLOaddvars(m, -1, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                         nullptr);
+     }},
     {"negative non-zero count", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOaddrangeconstr(m, -2, kInd2, kVal2, 0, 1, "bad"); }},
     {"begin offsets out of order", KLO_ERROR_INVALID_ARGUMENT,
@@ -83,7 +96,8 @@ const std::vector<BadCall> kCases = {
      [](KLOmodel* m) { return KLOaddrangeconstr(m, 2, kInd2, kNaN2, 0, 1, "bad"); }},
     {"infinite coefficient", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOaddrangeconstr(m, 2, kInd2, kInf2, 0, 1, "bad"); }},
-    {"NaN bound", KLO_ERROR_INVALID_ARGUMENT, [](KLOmodel* m) { return KLOaddvar(m, 0, nullptr, nullptr, 0, NAN, 1, 'C', "bad"); }},
+    {"NaN bound", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOaddvar(m, 0, nullptr, nullptr, 0, NAN, 1, 'C', "bad"); }},
     {"infinite objective coefficient", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOsetdblattrelement(m, "Obj", 0, -INFINITY); }},
     {"NaN right-hand side", KLO_ERROR_INVALID_ARGUMENT,
@@ -91,9 +105,12 @@ const std::vector<BadCall> kCases = {
        const double rhs[] = {NAN};
        return KLOaddconstrs(m, 1, 2, kBeg1, kInd2, kVal2, kLess, rhs, nullptr);
      }},
-    {"NaN objective constant", KLO_ERROR_INVALID_ARGUMENT, [](KLOmodel* m) { return KLOsetdblattr(m, "ObjCon", NAN); }},
+    {"NaN objective constant", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOsetdblattr(m, "ObjCon", NAN); }},
     {"NaN quadratic coefficient", KLO_ERROR_INVALID_ARGUMENT,
-     [](KLOmodel* m) { return KLOaddqconstr(m, 0, nullptr, nullptr, 2, kInd2, kInd2, kNaN2, '<', 1, "bad"); }},
+     [](KLOmodel* m) {
+       return KLOaddqconstr(m, 0, nullptr, nullptr, 2, kInd2, kInd2, kNaN2, '<', 1, "bad");
+     }},
     {"NaN PSD objective entry", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOsetmatattrelement(m, "PsdObj", 0, 2, 2, 2, kInd2, kNaN2); }},
     // unknown letters
@@ -110,12 +127,16 @@ const std::vector<BadCall> kCases = {
        return KLOaddsos(m, 1, 2, &type, kBeg1, kInd2, kVal2);
      }},
     // attributes: unknown, wrong kind, wrong level, read-only
-    {"unknown attribute", KLO_ERROR_UNKNOWN_ATTRIBUTE, [](KLOmodel* m) { return KLOsetintattr(m, "Bogus", 1); }},
-    {"attribute of another type", KLO_ERROR_ATTRIBUTE_TYPE, [](KLOmodel* m) { return KLOsetintattr(m, "ObjCon", 1); }},
-    {"element attribute at model level", KLO_ERROR_ATTRIBUTE_LEVEL, [](KLOmodel* m) { return KLOsetdblattr(m, "LB", 1); }},
+    {"unknown attribute", KLO_ERROR_UNKNOWN_ATTRIBUTE,
+     [](KLOmodel* m) { return KLOsetintattr(m, "Bogus", 1); }},
+    {"attribute of another type", KLO_ERROR_ATTRIBUTE_TYPE,
+     [](KLOmodel* m) { return KLOsetintattr(m, "ObjCon", 1); }},
+    {"element attribute at model level", KLO_ERROR_ATTRIBUTE_LEVEL,
+     [](KLOmodel* m) { return KLOsetdblattr(m, "LB", 1); }},
     {"model attribute at element level", KLO_ERROR_ATTRIBUTE_LEVEL,
      [](KLOmodel* m) { return KLOsetdblattrelement(m, "ObjCon", 0, 1); }},
-    {"read-only attribute", KLO_ERROR_ATTRIBUTE_READONLY, [](KLOmodel* m) { return KLOsetintattr(m, "NumVars", 9); }},
+    {"read-only attribute", KLO_ERROR_ATTRIBUTE_READONLY,
+     [](KLOmodel* m) { return KLOsetintattr(m, "NumVars", 9); }},
     {"value out of an attribute's range", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOsetintattr(m, "ModelSense", 2); }},
     // other refusals

@@ -22,7 +22,8 @@ const BadFile kBadFiles[] = {
     {".mps", "garbage\n\x01\x02\n", ":1"},
     {".mps", "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj abc c1 2\nRHS\nENDATA\n", ":6"},
     {".mps", "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x c9 1\nRHS\nENDATA\n", ":6"},
-    {".mps", "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1 c1 2\nBOUNDS\n UP BND y 4\nENDATA\n", ":"},
+    {".mps",
+     "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1 c1 2\nBOUNDS\n UP BND y 4\nENDATA\n", ":"},
     {".mps", "NAME t\nROWS\n N obj\n Q c1\nENDATA\n", ":4"},
     {".mps", "", ""},
     // LP
@@ -57,7 +58,8 @@ TEST_F(MalformedFiles, EachIsRefusedWithFileAndLine) {
     size_t at = msg.find(file.path() + bad.line);
     ASSERT_NE(at, std::string::npos) << msg;
     if (std::string(bad.line) == ":") {
-      EXPECT_TRUE(std::isdigit(static_cast<unsigned char>(msg[at + file.path().size() + 1]))) << msg;
+      EXPECT_TRUE(std::isdigit(static_cast<unsigned char>(msg[at + file.path().size() + 1])))
+          << msg;
     }
     EXPECT_EQ(KLOread(model, file.c_str()), KLO_ERROR_FILE_READ);
     EXPECT_EQ(klotest::snapshot(model), before);
@@ -97,8 +99,9 @@ TEST_F(MalformedFiles, MissingFilesAndUnknownFormats) {
 
 TEST_F(MalformedFiles, FreeFormatMpsWithoutItsMarkerIsRead) {
   TempFile file(".mps");
-  file.write("NAME free\nROWS\n N obj\n L c1\nCOLUMNS\n x obj 1 c1 2\n y c1 1\nRHS\n RHS c1 3\n"
-             "BOUNDS\n FR BND x\n MI BND y\nENDATA\n");
+  file.write(
+      "NAME free\nROWS\n N obj\n L c1\nCOLUMNS\n x obj 1 c1 2\n y c1 1\nRHS\n RHS c1 3\n"
+      "BOUNDS\n FR BND x\n MI BND y\nENDATA\n");
   KLOmodel* m = nullptr;
   ASSERT_EQ(KLOreadmodel(env, file.c_str(), &m), KLO_OK) << lastError();
   double lb = 0;
@@ -109,7 +112,9 @@ TEST_F(MalformedFiles, FreeFormatMpsWithoutItsMarkerIsRead) {
 
 TEST_F(MalformedFiles, MpsObjectiveSenseIsRead) {
   TempFile file(".mps");
-  file.write("NAME t\nOBJSENSE\n    MAX\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1 c1 1\nRHS\n    RHS c1 4\nENDATA\n");
+  file.write(
+      "NAME t\nOBJSENSE\n    MAX\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1 c1 1\nRHS\n    RHS c1 "
+      "4\nENDATA\n");
   KLOmodel* m = nullptr;
   ASSERT_EQ(KLOreadmodel(env, file.c_str(), &m), KLO_OK) << lastError();
   int sense = 0;

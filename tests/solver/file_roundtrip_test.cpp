@@ -17,7 +17,8 @@ class RichModel : public klotest::ModelTest {
     const double ub[] = {4, KLO_INFINITY, 5, 1, 8, 1};
     const char types[] = {'C', 'C', 'I', 'B', 'S', 'C'};
     const char* names[] = {"x", "y_free", "n", "b", "sc", "fixed"};
-    ASSERT_EQ(KLOaddvars(model, 6, 0, nullptr, nullptr, nullptr, obj, lb, ub, types, names), KLO_OK);
+    ASSERT_EQ(KLOaddvars(model, 6, 0, nullptr, nullptr, nullptr, obj, lb, ub, types, names),
+              KLO_OK);
     const int beg[] = {0, 3, 5, 7};
     const int ind[] = {0, 1, 2, 1, 3, 4, 5};
     const double val[] = {1, 2.5, -1, 1, 1, 3, 1};
@@ -83,7 +84,7 @@ TEST_F(RichModel, UnusableNamesAreReplacedInFiles) {
   ASSERT_EQ(KLOsetstrattrelement(model, "VarName", 2, "x+y"), KLO_OK);
   ASSERT_EQ(KLOsetstrattrelement(model, "VarName", 3, "Binaries"), KLO_OK);  // a section keyword
   ASSERT_EQ(KLOsetstrattrelement(model, "VarName", 4, "end"), KLO_OK);
-  ASSERT_EQ(KLOsetstrattrelement(model, "VarName", 5, "1abc"), KLO_OK);  // reads as a number
+  ASSERT_EQ(KLOsetstrattrelement(model, "VarName", 5, "1abc"), KLO_OK);   // reads as a number
   ASSERT_EQ(KLOsetstrattrelement(model, "ConstrName", 1, "le"), KLO_OK);  // duplicate
   for (const char* suffix : {".lp", ".mps"}) {
     SCOPED_TRACE(suffix);
@@ -101,7 +102,8 @@ TEST_F(RichModel, ReadIntoAModelReplacesItsContents) {
   ASSERT_EQ(KLOwrite(model, file.c_str()), KLO_OK);
   std::string written = snapshot(model);
   KLOmodel* other = nullptr;
-  ASSERT_EQ(KLOnewmodel(env, &other, "other", 3, nullptr, nullptr, nullptr, nullptr, nullptr), KLO_OK);
+  ASSERT_EQ(KLOnewmodel(env, &other, "other", 3, nullptr, nullptr, nullptr, nullptr, nullptr),
+            KLO_OK);
   ASSERT_EQ(KLOread(other, file.c_str()), KLO_OK);
   EXPECT_EQ(snapshot(other), written);
   KLOfreemodel(other);
@@ -139,8 +141,8 @@ TEST_F(SideFiles, MalformedStartFileNamesTheLineAndChangesNothing) {
 }
 
 TEST_F(SideFiles, BasisRoundTrip) {
-  const int cols[] = {KLO_BASIS_BASIC, KLO_BASIS_UPPER, KLO_BASIS_LOWER, KLO_BASIS_BASIC,
-                      KLO_BASIS_SUPERBASIC, KLO_BASIS_FIXED};
+  const int cols[] = {KLO_BASIS_BASIC, KLO_BASIS_UPPER,      KLO_BASIS_LOWER,
+                      KLO_BASIS_BASIC, KLO_BASIS_SUPERBASIC, KLO_BASIS_FIXED};
   const int rows[] = {KLO_BASIS_UPPER, KLO_BASIS_BASIC, KLO_BASIS_LOWER, KLO_BASIS_BASIC};
   ASSERT_EQ(KLOsetintattrarray(model, "ColBasis", 0, 6, cols), KLO_OK);
   ASSERT_EQ(KLOsetintattrarray(model, "RowBasis", 0, 4, rows), KLO_OK);

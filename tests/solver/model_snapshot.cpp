@@ -80,7 +80,8 @@ void sets(KLOmodel* m, std::ostream& out) {
   if (ns > 0) KLOgetsos(m, &nm, types.data(), beg.data(), ind.data(), w.data(), 0, ns);
   for (int s = 0; s < ns; ++s) {
     out << "sos" << types[s];
-    for (int k = beg[s]; k < (s + 1 < ns ? beg[s + 1] : nm); ++k) out << " x" << ind[k] << ":" << w[k];
+    for (int k = beg[s]; k < (s + 1 < ns ? beg[s + 1] : nm); ++k)
+      out << " x" << ind[k] << ":" << w[k];
     out << "\n";
   }
 }

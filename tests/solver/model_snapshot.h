@@ -10,8 +10,8 @@
 namespace klotest {
 
 struct SnapshotOptions {
-  bool names = true;       // include element names
-  bool modelName = true;   // include the model's name
+  bool names = true;      // include element names
+  bool modelName = true;  // include the model's name
 };
 
 std::string snapshot(KLOmodel* model, SnapshotOptions options = {});

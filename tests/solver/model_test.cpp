@@ -108,7 +108,8 @@ TEST_F(ModelLife, RelaxDropsIntegralitySosAndIndicators) {
   const char types[] = {'B', 'I', 'S', 'C'};
   const double lb[] = {0, -3, 2, 0};
   const double ub[] = {1, 3, 5, 4};
-  ASSERT_EQ(KLOaddvars(model, 4, 0, nullptr, nullptr, nullptr, nullptr, lb, ub, types, nullptr), KLO_OK);
+  ASSERT_EQ(KLOaddvars(model, 4, 0, nullptr, nullptr, nullptr, nullptr, lb, ub, types, nullptr),
+            KLO_OK);
   const int type = KLO_SOS_TYPE1, beg = 0, members[] = {1, 3};
   ASSERT_EQ(KLOaddsos(model, 1, 2, &type, &beg, members, nullptr), KLO_OK);
   const int ind = 3;

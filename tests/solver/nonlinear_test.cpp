@@ -73,7 +73,8 @@ TEST_F(Psd, RowsWithMatricesOfSeveralVariables) {
   const int mbeg[] = {0, 2, 5};
   const int mind[] = {2, 0, 0, 4, 8};
   const double mval[] = {0.5, 1, 1, 1, 1};
-  ASSERT_EQ(KLOaddrangepsdconstr(model, 1, cind, cval, 2, psdvar, mbeg, mind, mval, 1, 1, "trace"), KLO_OK);
+  ASSERT_EQ(KLOaddrangepsdconstr(model, 1, cind, cval, 2, psdvar, mbeg, mind, mval, 1, 1, "trace"),
+            KLO_OK);
   EXPECT_EQ(intAttr("NumPsdConstrs"), 1);
   EXPECT_EQ(intAttr("NumEnts"), 1 + 2 + 3);
   EXPECT_EQ(dblAt("PsdCLHS", 0), 1.0);
@@ -101,8 +102,9 @@ TEST_F(Psd, BadMatricesAreRefused) {
   const int mbeg[] = {0, 1};
   const int outside[] = {4};
   const double one[] = {1};
-  EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, mbeg, outside, one, 0, 1, ""),
-            KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(
+      KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, mbeg, outside, one, 0, 1, ""),
+      KLO_ERROR_INVALID_ARGUMENT);
   const int other[] = {1};
   const int pos[] = {0};
   EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, other, mbeg, pos, one, 0, 1, ""),
@@ -110,8 +112,9 @@ TEST_F(Psd, BadMatricesAreRefused) {
   const double nan[] = {NAN};
   EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, mbeg, pos, nan, 0, 1, ""),
             KLO_ERROR_INVALID_ARGUMENT);
-  EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, nullptr, pos, one, 0, 1, ""),
-            KLO_ERROR_NULL_ARGUMENT);
+  EXPECT_EQ(
+      KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, nullptr, pos, one, 0, 1, ""),
+      KLO_ERROR_NULL_ARGUMENT);
   EXPECT_EQ(KLOaddpsdvar(model, 0, "empty"), KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_EQ(klotest::snapshot(model), before);
 }
@@ -130,9 +133,11 @@ TEST_F(Psd, ObjectiveMatrixIsStoredAsOneTriangle) {
   EXPECT_EQ(ind[0], 1);
   EXPECT_EQ(v[0], 3.0);
   EXPECT_EQ(ind[1], 3);
-  EXPECT_EQ(KLOsetmatattrelement(model, "PsdObj", 0, 1, 3, 3, pos, val), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOsetmatattrelement(model, "PsdObj", 0, 1, 3, 3, pos, val),
+            KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_EQ(KLOsetmatattrelement(model, "PsdObj", 1, 1, 2, 2, pos, val), KLO_ERROR_INVALID_PSDVAR);
-  EXPECT_EQ(KLOgetmatattrelement(model, "PsdX", 0, &nnz, &nr, &nc, ind, v), KLO_ERROR_DATA_NOT_AVAILABLE);
+  EXPECT_EQ(KLOgetmatattrelement(model, "PsdX", 0, &nnz, &nr, &nc, ind, v),
+            KLO_ERROR_DATA_NOT_AVAILABLE);
 }
 
 }  // namespace

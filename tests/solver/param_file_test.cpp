@@ -64,9 +64,10 @@ struct BadLine {
 
 TEST_F(ParamFile, MalformedLineNamesFileAndLineAndChangesNothing) {
   const BadLine cases[] = {
-      {"Bogus 1", "Bogus"},        {"Method", "no value"},     {"Method 1.5", "integer"},
-      {"Method 7", "outside"},     {"MaxTime abc", "number"},  {"MaxTime 1 2", "number"},
-      {"MaxTime nan", "outside"},  {"Method 99999999999", "integer"},
+      {"Bogus 1", "Bogus"},       {"Method", "no value"},
+      {"Method 1.5", "integer"},  {"Method 7", "outside"},
+      {"MaxTime abc", "number"},  {"MaxTime 1 2", "number"},
+      {"MaxTime nan", "outside"}, {"Method 99999999999", "integer"},
   };
   for (const BadLine& c : cases) {
     SCOPED_TRACE(c.line);

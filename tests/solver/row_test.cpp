@@ -63,17 +63,20 @@ TEST_F(Rows, OneBadRowAddsNone) {
   std::vector<double> val(100, 1.0), lo(100, 0.0), up(100, 1.0);
   for (int k = 0; k < 100; ++k) beg[k] = k, ind[k] = k % 2;
   ind[57] = 9;
-  EXPECT_EQ(KLOaddrangeconstrs(model, 100, 100, beg.data(), ind.data(), val.data(), lo.data(), up.data(), nullptr),
+  EXPECT_EQ(KLOaddrangeconstrs(model, 100, 100, beg.data(), ind.data(), val.data(), lo.data(),
+                               up.data(), nullptr),
             KLO_ERROR_INVALID_VAR);
   EXPECT_NE(modelError().find("9"), std::string::npos);
   EXPECT_EQ(klotest::snapshot(model), before);
   ind[57] = 1;
   lo[99] = NAN;
-  EXPECT_EQ(KLOaddrangeconstrs(model, 100, 100, beg.data(), ind.data(), val.data(), lo.data(), up.data(), nullptr),
+  EXPECT_EQ(KLOaddrangeconstrs(model, 100, 100, beg.data(), ind.data(), val.data(), lo.data(),
+                               up.data(), nullptr),
             KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_EQ(klotest::snapshot(model), before);
   lo[99] = 0;
-  EXPECT_EQ(KLOaddrangeconstrs(model, 100, 100, beg.data(), ind.data(), val.data(), lo.data(), up.data(), nullptr),
+  EXPECT_EQ(KLOaddrangeconstrs(model, 100, 100, beg.data(), ind.data(), val.data(), lo.data(),
+                               up.data(), nullptr),
             KLO_OK);
   EXPECT_EQ(intAttr("NumConstrs"), 100);
 }

@@ -50,7 +50,8 @@ TEST_F(Sos, BadSetsAddNothing) {
   EXPECT_EQ(KLOaddsos(model, 1, 2, type1, beg, bad, w), KLO_ERROR_INVALID_VAR);
   EXPECT_EQ(KLOaddsos(model, 1, 2, nullptr, beg, ok, w), KLO_ERROR_NULL_ARGUMENT);
   EXPECT_EQ(klotest::snapshot(model), before);
-  EXPECT_EQ(KLOaddsos(model, 1, 2, type1, beg, ok, nullptr), KLO_OK) << "weights default to 1, 2, ...";
+  EXPECT_EQ(KLOaddsos(model, 1, 2, type1, beg, ok, nullptr), KLO_OK)
+      << "weights default to 1, 2, ...";
 }
 
 using Indicators = klotest::ModelTest;
@@ -85,12 +86,15 @@ TEST_F(Indicators, IndicatorVariableMustBeBinaryAndValueZeroOrOne) {
   addVars(2);
   const int ind[] = {1};
   const double val[] = {1};
-  EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 0, 1, 1, ind, val, '<', 1), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 0, 1, 1, ind, val, '<', 1),
+            KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_NE(modelError().find("binary"), std::string::npos);
   ASSERT_EQ(KLOsetcharattrelement(model, "VType", 0, 'B'), KLO_OK);
-  EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 0, 2, 1, ind, val, '<', 1), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 0, 2, 1, ind, val, '<', 1),
+            KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 5, 1, 1, ind, val, '<', 1), KLO_ERROR_INVALID_VAR);
-  EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 0, 1, 1, ind, val, '<', NAN), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOaddgenconstrIndicator(model, "x", 0, 1, 1, ind, val, '<', NAN),
+            KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_EQ(intAttr("NumGenConstrs"), 0);
 }
 
@@ -110,7 +114,8 @@ TEST_F(Objectives, ObjectiveZeroIsTheModelObjective) {
   const int bad[] = {7};
   EXPECT_EQ(KLOsetobjectiven(model, 1, 0, 1, 0, 0, "", 0, 1, bad, val), KLO_ERROR_INVALID_VAR);
   EXPECT_EQ(intAttr("NumObj"), 1) << "a failed call creates no objective";
-  EXPECT_EQ(KLOsetobjectiven(model, 1, 0, NAN, 0, 0, "", 0, 0, nullptr, nullptr), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOsetobjectiven(model, 1, 0, NAN, 0, 0, "", 0, 0, nullptr, nullptr),
+            KLO_ERROR_INVALID_ARGUMENT);
 }
 
 }  // namespace

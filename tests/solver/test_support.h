@@ -58,7 +58,8 @@ class ModelTest : public EnvTest {
  protected:
   void SetUp() override {
     EnvTest::SetUp();
-    ASSERT_EQ(KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr), KLO_OK);
+    ASSERT_EQ(KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr),
+              KLO_OK);
   }
   void TearDown() override {
     KLOfreemodel(model);

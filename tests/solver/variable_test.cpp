@@ -22,7 +22,8 @@ TEST_F(Variables, ColumnsGoIntoExistingRows) {
   const int vind[] = {1, 0, 0};
   const double vval[] = {2, 3, 4};
   const char* names[] = {"y", "z"};
-  ASSERT_EQ(KLOaddvars(model, 2, 3, vbeg, vind, vval, nullptr, nullptr, nullptr, nullptr, names), KLO_OK);
+  ASSERT_EQ(KLOaddvars(model, 2, 3, vbeg, vind, vval, nullptr, nullptr, nullptr, nullptr, names),
+            KLO_OK);
   double a = 0;
   ASSERT_EQ(KLOgetconstrcoeff(model, 0, 1, &a), KLO_OK);
   EXPECT_EQ(a, 7.0);
@@ -99,7 +100,9 @@ TEST_F(Variables, DeletionRemovesTermsEverywhere) {
   EXPECT_EQ(sind[1], 1);
   EXPECT_EQ(sw[1], 3.0);
   int bv = -1, n = 0;
-  ASSERT_EQ(KLOgetgenconstrIndicator(model, 0, &bv, nullptr, &n, nullptr, nullptr, nullptr, nullptr), KLO_OK);
+  ASSERT_EQ(
+      KLOgetgenconstrIndicator(model, 0, &bv, nullptr, &n, nullptr, nullptr, nullptr, nullptr),
+      KLO_OK);
   EXPECT_EQ(bv, 2);
   EXPECT_EQ(n, 1);
   ASSERT_EQ(KLOsetintparam(KLOgetenv(model), "ObjNumber", 1), KLO_OK);
