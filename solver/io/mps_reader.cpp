@@ -9,6 +9,7 @@
 #include "common/error.h"
 #include "common/text.h"
 #include "io/mps.h"
+#include "io/mps_text.h"
 #include "io/text_file.h"
 #include "klo_c.h"
 #include "store/checks.h"
@@ -37,37 +38,6 @@ class FirstProblem : public CoinMessageHandler {
  private:
   std::string first_;
 };
-
-// The sense given by an OBJSENSE section (CoinMpsIO ignores it).
-int objectiveSense(const std::string& text) {
-  std::istringstream in(text);
-  std::string line;
-  bool inSection = false;
-  while (std::getline(in, line)) {
-    std::vector<std::string> w = splitWords(line);
-    if (w.empty()) continue;
-    bool header = !std::isspace(static_cast<unsigned char>(line[0]));
-    if (header && w[0] == "OBJSENSE") {
-      if (w.size() > 1) return w[1].compare(0, 3, "MAX") == 0 ? -1 : 1;
-      inSection = true;
-    } else if (inSection) {
-      return !header && w[0].compare(0, 3, "MAX") == 0 ? -1 : 1;
-    }
-  }
-  return 1;
-}
-
-// The text with "FREE" on its NAME card, so that CoinMpsIO reads it as
-// free format.
-std::string markedFree(const std::string& text) {
-  if (text.compare(0, 4, "NAME") != 0) return "NAME FREE\n" + text;
-  size_t eol = text.find('\n');
-  std::string name = text.substr(0, eol);
-  if (name.find("FREE") != std::string::npos) return text;
-  std::vector<std::string> w = splitWords(name);
-  return "NAME " + (w.size() > 1 ? w[1] : std::string("BLANK")) + " FREE" +
-         (eol == std::string::npos ? "" : text.substr(eol));
-}
 
 struct Attempt {
   std::unique_ptr<CoinMpsIO> io = std::make_unique<CoinMpsIO>();
@@ -185,7 +155,8 @@ void copyQuadratic(CoinMpsIO& io, const std::string& path, ModelData& d) {
 }  // namespace
 
 ModelData readMps(const std::string& path) {
-  std::string text = readTextFile(path);
+  std::string original = readTextFile(path);
+  std::string text = withoutObjsense(qmatrixAsQuadobj(original));
   std::unique_ptr<Attempt> a = attempt(text);
   if (a->status != 0) {
     std::unique_ptr<Attempt> retry = attempt(markedFree(text));
@@ -194,7 +165,7 @@ ModelData readMps(const std::string& path) {
   if (a->status != 0) fail(KLO_ERROR_FILE_READ, complaint(path, a->handler.first()));
   ModelData d;
   d.name = a->io->getProblemName();
-  d.sense = objectiveSense(text);
+  d.sense = objectiveSense(original);
   copyColumns(*a->io, d);
   copyRows(*a->io, d);
   copySets(*a, d);
