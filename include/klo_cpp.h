@@ -40,6 +40,7 @@ class KLOModel;
 class KLOMatrix;
 class KLOLinExpr;
 class KLOColumn;
+class KLOCallback;
 
 namespace klo_detail {
 struct Access;  // the object layer's own access to handles and models
@@ -693,6 +694,8 @@ public:
 
 private:
     friend class KLOLinExpr;
+    friend class KLOQuadExpr;
+    friend class KLOPsdExpr;
     std::int32_t n;
     std::shared_ptr<std::vector<T>> vec;
 };
@@ -731,14 +734,23 @@ public:
 
     /// Adds e's constant and appends e's terms (e += e doubles e).
     void operator+=(const KLOLinExpr& e);
+    /// Appends the term 1.0 * x (the same as += KLOLinExpr(x), without the
+    /// temporary).
+    void operator+=(const KLOVar& x);
+    /// Appends the term -1.0 * x.
+    void operator-=(const KLOVar& x);
     /// Subtracts e's constant and appends e's terms negated.
     void operator-=(const KLOLinExpr& e);
     /// Scales the constant and every coefficient.
     void operator*=(double d);
     /// Divides the constant and every coefficient (no check for zero).
     void operator/=(double d);
-    KLOLinExpr operator+(const KLOLinExpr& e) const;
-    KLOLinExpr operator-(const KLOLinExpr& e) const;
+    /// A copy of this expression, then += e.  (Not const on purpose: a const
+    /// left operand goes to the free operator+, which does the same, and
+    /// the two never compete for one call.)
+    KLOLinExpr operator+(const KLOLinExpr& e);
+    /// A copy of this expression, then -= e.
+    KLOLinExpr operator-(const KLOLinExpr& e);
 
     /// Removes term i.
     void remove(int i);
@@ -754,6 +766,7 @@ private:
     std::unique_ptr<Vec<KLOVar>> vars_;
 
     void append(const KLOLinExpr& e, double sign);
+    void appendTerm(double coeff, const KLOVar& var);
 };
 
 /// The constraints a new variable appears in, with its coefficients.
@@ -805,6 +818,271 @@ void combineLikeTerms(std::vector<C>& coeffs, std::vector<H>& handles) {
         handles.push_back(entry.second.second);
     }
 }
+
+// ===========================================================================
+// Quadratic expressions
+// ===========================================================================
+
+/// A linear expression plus quadratic terms coefficient * var1 * var2.
+/// Terms are never merged: x * y and y * x are two terms.  Copies share
+/// term storage.  Positional access outside 0 .. size()-1 throws -2003.
+class KLOQuadExpr {
+public:
+    /// A constant expression (also the conversion from double).
+    KLOQuadExpr(double constant = 0.0);
+    /// The linear term coeff * var, kept even when coeff is 0 (also the
+    /// conversion from KLOVar).
+    KLOQuadExpr(KLOVar var, double coeff = 1.0);
+    /// e as linear part, sharing its terms (also the conversion).
+    KLOQuadExpr(const KLOLinExpr& e);
+    /// Shares q's terms.
+    KLOQuadExpr(const KLOQuadExpr& q);
+    ~KLOQuadExpr();
+    /// Shares q's terms.
+    KLOQuadExpr& operator=(const KLOQuadExpr& q);
+
+    /// Number of quadratic terms.
+    int size() const;
+    /// First variable of quadratic term i.
+    KLOVar getVar1(int i) const;
+    /// Second variable of quadratic term i.
+    KLOVar getVar2(int i) const;
+    /// Coefficient of quadratic term i.
+    double getCoeff(int i) const;
+    /// A copy of the linear part (with the constant).
+    KLOLinExpr getLinExpr() const;
+    /// The linear part's value plus coeff * "X"(var1) * "X"(var2) of every
+    /// quadratic term.
+    double getValue() const;
+    void addConstant(double c);
+    /// Appends the linear term coeff * var unless coeff is 0.
+    void addTerm(double coeff, KLOVar var);
+    /// Appends coeff * var1 * var2 unless coeff is 0.
+    void addTerm(double coeff, KLOVar var1, KLOVar var2);
+    /// Linear terms, as KLOLinExpr::addTerms (zero coefficients skipped).
+    void addTerms(const double* coeffs, const KLOVar* vars, int count);
+    /// addTerm(coeffs[i], vars1[i], vars2[i]) for i < count.
+    void addTerms(const double* coeffs, const KLOVar* vars1, const KLOVar* vars2, int count);
+    /// The linear part += e.
+    void add(KLOLinExpr e);
+
+    /// Adds q's linear part and appends q's quadratic terms (q += q doubles
+    /// q).
+    void operator+=(const KLOQuadExpr& q);
+    /// Subtracts q's linear part and appends q's quadratic terms negated.
+    void operator-=(const KLOQuadExpr& q);
+    /// Scales the constant and every linear and quadratic coefficient.
+    void operator*=(double d);
+    /// Divides the constant and every coefficient (no check for zero).
+    void operator/=(double d);
+    /// A copy of this expression, then += q (not const, as for KLOLinExpr).
+    KLOQuadExpr operator+(const KLOQuadExpr& q);
+    /// A copy of this expression, then -= q.
+    KLOQuadExpr operator-(const KLOQuadExpr& q);
+
+    /// Removes quadratic term i.
+    void remove(int i);
+    /// Removes every quadratic term holding v in either slot and every
+    /// linear term of v.
+    void remove(KLOVar v);
+    /// Constant 0, no terms.
+    void clear();
+
+private:
+    KLOLinExpr linear_;
+    std::unique_ptr<Vec<double>> coeffs_;
+    std::unique_ptr<Vec<KLOVar>> vars1_;
+    std::unique_ptr<Vec<KLOVar>> vars2_;
+
+    void append(const KLOQuadExpr& q, double sign);
+    void appendTerm(double coeff, const KLOVar& var1, const KLOVar& var2);
+    void scale(double d, bool divide);
+    friend KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b);
+    friend KLOQuadExpr operator*(KLOVar x, const KLOLinExpr& e);
+};
+
+/// Merges quadratic terms with the same (var1, var2) index pair, as given,
+/// in place: the result is in ascending order of index1 * 2^32 + index2,
+/// each term stored with the larger-index variable first, coefficients
+/// summed (zero sums kept).  x * y and y * x stay two terms.  This is what
+/// quadratic terms go through before they reach the library.
+void combineLikeQTerms(std::vector<double>& coeffs, std::vector<KLOVar>& vars1,
+                       std::vector<KLOVar>& vars2);
+
+// ===========================================================================
+// Semidefinite expressions
+// ===========================================================================
+
+/// A linear expression plus terms <M, X>: the inner product of a symmetric
+/// coefficient matrix M, stored as one triangle, with a PSD variable X.
+/// Copies share term storage.  Positional access outside 0 .. size()-1
+/// throws -2003.
+class KLOPsdExpr {
+public:
+    /// A constant expression.
+    explicit KLOPsdExpr(double constant = 0.0);
+    /// e as linear part.
+    explicit KLOPsdExpr(const KLOLinExpr& e);
+    /// The single term <M, X>.
+    KLOPsdExpr(KLOPsdVar X, KLOMatrix M);
+    /// Shares P's terms.
+    KLOPsdExpr(const KLOPsdExpr& P);
+    ~KLOPsdExpr();
+    /// Shares P's terms.
+    KLOPsdExpr& operator=(const KLOPsdExpr& P);
+
+    /// Number of PSD terms.
+    int size() const;
+    KLOPsdVar getPsdVar(int i) const;
+    KLOMatrix getCoeff(int i) const;
+    /// A copy of the linear part (with the constant).
+    KLOLinExpr getLinExpr() const;
+    /// The linear part's value plus, for every term, the inner product of
+    /// its matrix with the variable's "PsdX" (an off-diagonal entry counts
+    /// for itself and its mirror image).
+    double getValue() const;
+    /// Appends <M, X>; M is not checked.
+    void addTerm(const KLOMatrix& M, KLOPsdVar X);
+    /// Linear terms, as KLOLinExpr::addTerms.
+    void addTerms(const double* coeffs, const KLOVar* vars, int count);
+
+    /// Appends P's PSD terms (sharing their matrices), then adds its linear
+    /// part.
+    void operator+=(const KLOPsdExpr& P);
+    /// Appends P's PSD terms with negated copies of their matrices, then
+    /// subtracts its linear part.
+    void operator-=(const KLOPsdExpr& P);
+    void operator+=(const KLOLinExpr& e);
+    void operator-=(const KLOLinExpr& e);
+    void operator+=(const KLOVar& x);
+    void operator-=(const KLOVar& x);
+    void operator+=(double c);
+    void operator-=(double c);
+    /// A copy of this expression, then the compound operation.
+    KLOPsdExpr operator+(const KLOPsdExpr& P) const;
+    KLOPsdExpr operator-(const KLOPsdExpr& P) const;
+    KLOPsdExpr operator+(const KLOLinExpr& e) const;
+    KLOPsdExpr operator-(const KLOLinExpr& e) const;
+    KLOPsdExpr operator+(const KLOVar& x) const;
+    KLOPsdExpr operator-(const KLOVar& x) const;
+    KLOPsdExpr operator+(double c) const;
+    KLOPsdExpr operator-(double c) const;
+
+    /// Removes PSD term i.
+    void remove(int i);
+    /// Removes every PSD term of X (same identity record).
+    void remove(KLOPsdVar X);
+    /// Constant 0, no terms.
+    void clear();
+
+private:
+    KLOLinExpr linear_;
+    std::unique_ptr<Vec<KLOMatrix>> coeffs_;
+    std::unique_ptr<Vec<KLOPsdVar>> vars_;
+
+    void append(const KLOPsdExpr& P, bool negate);
+    friend KLOPsdExpr operator-(const KLOPsdExpr& P);
+};
+
+// ===========================================================================
+// Operators and temporary constraints
+//
+// Every operator returns a new expression built from cheap copies of its
+// operands; terms are appended in order and never merged.  Multiplying by
+// the scalar 0.0 gives an empty expression (the member *= keeps the terms
+// with zero coefficients); dividing by 0.0 is not checked.
+// ===========================================================================
+
+/// A comparison "expr sense 0" made by <=, == or >=, where expr is the left
+/// side minus the right side (its constant is the negated right-hand
+/// constant).  sense is '<', '=' or '>'.  Models accept it in addConstr,
+/// addQConstr and addGenConstrIndicator.
+struct KLOTempConstr {
+    char sense;
+    KLOQuadExpr expr;
+};
+
+/// 1.0 * x + 1.0 * y (two terms even when x and y are one variable).
+KLOLinExpr operator+(KLOVar x, KLOVar y);
+/// 1.0 * x - 1.0 * y.
+KLOLinExpr operator-(KLOVar x, KLOVar y);
+/// x + c.
+KLOLinExpr operator+(KLOVar x, double c);
+KLOLinExpr operator+(double c, KLOVar x);
+/// x - c.
+KLOLinExpr operator-(KLOVar x, double c);
+/// c - x.
+KLOLinExpr operator-(double c, KLOVar x);
+/// -1.0 * x.
+KLOLinExpr operator-(KLOVar x);
+/// d * x; empty when d is 0.0.
+KLOLinExpr operator*(double d, KLOVar x);
+KLOLinExpr operator*(KLOVar x, double d);
+/// (1.0 / d) * x.
+KLOLinExpr operator/(KLOVar x, double d);
+KLOLinExpr operator+(const KLOLinExpr& a, const KLOLinExpr& b);
+KLOLinExpr operator-(const KLOLinExpr& a, const KLOLinExpr& b);
+KLOLinExpr operator+(const KLOLinExpr& a);
+/// Constant and coefficients negated.
+KLOLinExpr operator-(const KLOLinExpr& a);
+/// Constant and coefficients times d; empty when d is 0.0.
+KLOLinExpr operator*(const KLOLinExpr& a, double d);
+KLOLinExpr operator*(double d, const KLOLinExpr& a);
+KLOLinExpr operator/(const KLOLinExpr& a, double d);
+/// The quadratic term 1.0 * x * y.
+KLOQuadExpr operator*(KLOVar x, KLOVar y);
+/// c * x * v for every term c * v of e, then e's constant k as k * x (x is
+/// always the first variable).
+KLOQuadExpr operator*(KLOVar x, const KLOLinExpr& e);
+KLOQuadExpr operator*(const KLOLinExpr& e, KLOVar x);
+/// Every term of a times every term of b (zero products kept), then the
+/// linear cross terms with the constants (zero products dropped), then
+/// the product of the constants.
+KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b);
+KLOQuadExpr operator+(const KLOQuadExpr& p, const KLOQuadExpr& q);
+KLOQuadExpr operator-(const KLOQuadExpr& p, const KLOQuadExpr& q);
+KLOQuadExpr operator+(const KLOQuadExpr& p);
+/// Constant, linear and quadratic coefficients negated.
+KLOQuadExpr operator-(const KLOQuadExpr& p);
+/// Every coefficient and the constant times d; empty when d is 0.0.
+KLOQuadExpr operator*(const KLOQuadExpr& p, double d);
+KLOQuadExpr operator*(double d, const KLOQuadExpr& p);
+KLOQuadExpr operator/(const KLOQuadExpr& p, double d);
+/// The PSD term <M, X>.
+KLOPsdExpr operator*(const KLOMatrix& M, KLOPsdVar X);
+KLOPsdExpr operator*(KLOPsdVar X, const KLOMatrix& M);
+/// Linear part and every matrix negated (new matrices).
+KLOPsdExpr operator-(const KLOPsdExpr& P);
+KLOPsdExpr operator+(const KLOLinExpr& e, const KLOPsdExpr& P);
+KLOPsdExpr operator-(const KLOLinExpr& e, const KLOPsdExpr& P);
+KLOPsdExpr operator+(KLOVar x, const KLOPsdExpr& P);
+KLOPsdExpr operator-(KLOVar x, const KLOPsdExpr& P);
+KLOPsdExpr operator+(double c, const KLOPsdExpr& P);
+KLOPsdExpr operator-(double c, const KLOPsdExpr& P);
+/// a - b <= 0.
+KLOTempConstr operator<=(const KLOQuadExpr& a, const KLOQuadExpr& b);
+/// a - b == 0.
+KLOTempConstr operator==(const KLOQuadExpr& a, const KLOQuadExpr& b);
+/// a - b >= 0.
+KLOTempConstr operator>=(const KLOQuadExpr& a, const KLOQuadExpr& b);
+
+// ===========================================================================
+// Expression printing
+//
+// Variables print by "VarName" (read for every term).  Numbers use the
+// default 6-significant-digit format whatever the stream's settings; a
+// coefficient of 1 is not printed unless the name is empty; zero
+// coefficients are not printed.  Example: "2 * x - y + 3".  A quadratic
+// expression prints its quadratic terms and then its linear text with no
+// separator: x*y + 2x + 1 prints "x * y2 * x + 1", and one with no
+// quadratic terms loses the first character of its linear text.
+// ===========================================================================
+
+/// Appends " + |coeff| * name1 * name2" (sign as coeff's; factors left out
+/// as described above) to ss; nothing when coeff is 0.
+void outputTerm(std::stringstream& ss, double coeff, std::string name1, std::string name2);
+std::ostream& operator<<(std::ostream& os, KLOLinExpr e);
+std::ostream& operator<<(std::ostream& os, KLOQuadExpr q);
 
 // ===========================================================================
 // Model
@@ -961,11 +1239,156 @@ public:
     KLOColumn getCol(KLOVar v) const;
 
     // --- linear constraints -------------------------------------------------
-    /// The constraint of index i; -2002 when i < 0.
+    // Every row, linear, quadratic or PSD, appends one handle to each of the
+    // three constraint vectors (getConstrs, the quadratic and the PSD ones);
+    // removing a row shrinks all three.  Sense characters: '>' greater or
+    // equal, '=' equal, anything else less or equal.  A right-hand side or
+    // bound of magnitude 1e20 or more is infinite; the expression's
+    // constant is moved into the finite bounds only.  Terms of one
+    // variable are merged (zero sums kept) and a removed variable raises
+    // -2003 before the library is called.  A failed add adds nothing.
+
+    /// lhs sense rhs.
+    KLOConstr addConstr(const KLOLinExpr& lhs, char sense, const KLOLinExpr& rhs,
+                        const std::string& name = "");
+    KLOConstr addConstr(const KLOLinExpr& lhs, char sense, double rhs,
+                        const std::string& name = "");
+    KLOConstr addConstr(const KLOLinExpr& lhs, char sense, KLOVar rhs,
+                        const std::string& name = "");
+    KLOConstr addConstr(KLOVar lhs, char sense, KLOVar rhs, const std::string& name = "");
+    KLOConstr addConstr(KLOVar lhs, char sense, double rhs, const std::string& name = "");
+    /// A comparison made with <=, == or >=.  One with quadratic terms is
+    /// refused with -3 ("For quadratic constraint using
+    /// KLOModel::addQConstr."): addQConstr takes those.
+    KLOConstr addConstr(const KLOTempConstr& tc, const std::string& name = "");
+    /// Appends the three handles of a row without adding a library row (a
+    /// placeholder, as addVar()).
+    KLOConstr addConstr();
+    /// lower <= expr <= upper.
+    KLOConstr addRange(const KLOLinExpr& expr, double lower, double upper,
+                       const std::string& name = "");
+    /// count empty rows with the library's default sense and right-hand
+    /// side.
+    KLOConstr* addConstrs(int count);
+    /// Row i: exprs[i] senses[i] rhs[i], in one library call.  exprs,
+    /// senses, rhs and names may each be null (no terms, the library's
+    /// defaults, no names).  Returns a new[] array of the count handles.
+    KLOConstr* addConstrs(const KLOLinExpr* exprs, const char* senses, const double* rhs,
+                          const std::string* names, int count);
+    /// Row i: lower[i] <= exprs[i] <= upper[i], in one library call.
+    KLOConstr* addRanges(const KLOLinExpr* exprs, const double* lower, const double* upper,
+                         const std::string* names, int count);
+    /// The constraint of index i; -2002 when there is none.
     KLOConstr getConstr(int i) const;
+    /// The model's own array of linear-constraint handles (not a copy:
+    /// valid until the next row is added or removed; do not free).
+    KLOConstr* getConstrs();
+    /// The constraint of that name; -2002 when there is none.
+    KLOConstr getConstrByName(const std::string& name) const;
     /// Deletes the row of c; its linear, quadratic and PSD handles become
     /// the complement of its index and later rows move down.
     void remove(KLOConstr c);
+    /// Sets the coefficient of v in c (0 removes it).
+    void chgCoeff(KLOConstr c, KLOVar v, double value);
+    /// chgCoeff for each i < count; stops at the first failure.
+    void chgCoeffs(const KLOConstr* constrs, const KLOVar* vars, const double* values, int count);
+    /// The coefficient of v in c (0 when absent).
+    double getCoeff(KLOConstr c, KLOVar v) const;
+    /// The row's linear terms in the library's order (constant 0; bounds
+    /// are attributes of the constraint).
+    KLOLinExpr getRow(KLOConstr c) const;
+
+    // --- quadratic constraints ----------------------------------------------
+    /// A comparison made with <=, == or >=, with or without quadratic
+    /// terms.  Quadratic terms go through combineLikeQTerms, linear ones
+    /// through combineLikeTerms; a removed variable raises -2003.  Returns
+    /// the row's quadratic handle.
+    KLOQConstr addQConstr(const KLOTempConstr& tc, const std::string& name = "");
+    /// expr sense rhs; a finite rhs is reduced by expr's constant.
+    KLOQConstr addQConstr(const KLOQuadExpr& expr, char sense, double rhs,
+                          const std::string& name = "");
+    /// The row's linear and quadratic terms in the library's order
+    /// (constant 0).  A removed or foreign handle raises -2002.
+    KLOQuadExpr getQCRow(KLOQConstr qc) const;
+    /// Deletes qc's row, as remove(KLOConstr).
+    void remove(KLOQConstr qc);
+
+    // --- PSD variables and constraints --------------------------------------
+    /// Adds a dim x dim PSD matrix variable.
+    KLOPsdVar addPsdVar(int dim, const std::string& name = "");
+    /// The PSD variable of index i; -2003 when there is none.
+    KLOPsdVar getPsdVar(int i) const;
+    /// Deletes X (its terms leave every row and the objective); later PSD
+    /// variables move down and X's index becomes the complement of its old
+    /// one.
+    void remove(KLOPsdVar X);
+    /// expr sense rhs over linear and PSD terms.  Terms of one PSD variable
+    /// are merged by summing their matrices; a removed variable or PSD
+    /// variable raises -2003.  Returns the row's PSD handle.
+    KLOPsdConstr addPsdConstr(const KLOPsdExpr& expr, char sense, double rhs,
+                              const std::string& name = "");
+    /// lower <= expr <= upper over linear and PSD terms.
+    KLOPsdConstr addRangePsdConstr(const KLOPsdExpr& expr, double lower, double upper,
+                                   const std::string& name = "");
+    /// The PSD-constraint handle of row i; -2002 when there is none.
+    KLOPsdConstr getPsdConstr(int i) const;
+    /// Deletes the row of c, as remove(KLOConstr).
+    void remove(KLOPsdConstr c);
+
+    // --- SOS constraints -----------------------------------------------------
+    /// Adds an SOS set of type 1 or 2 (klo_c.h: KLO_SOS_TYPE1, _TYPE2) over
+    /// len variables with their weights (null: 1, 2, ...).  A removed
+    /// variable raises -2003.
+    KLOSOS addSOS(const KLOVar* vars, const double* weights, int len, int type);
+    /// Reads an SOS set: members into vars, weights into weights, the type
+    /// into *type (each may be null); returns the number of members.  Pass
+    /// null arrays first to learn how long they must be.  A removed SOS
+    /// raises -2002.
+    int getSOS(KLOSOS sos, KLOVar* vars, double* weights, int* type) const;
+    /// Deletes sos; later sets move down.
+    void remove(KLOSOS sos);
+
+    // --- indicator constraints ----------------------------------------------
+    /// binvar == binval implies the linear comparison tc (binvar must be
+    /// binary, binval 0 or 1).  Quadratic terms are refused with -3.
+    KLOGenConstr addGenConstrIndicator(KLOVar binvar, int binval, const KLOTempConstr& tc,
+                                       const std::string& name = "");
+    /// binvar == binval implies expr sense rhs (a finite rhs is reduced by
+    /// expr's constant).
+    KLOGenConstr addGenConstrIndicator(KLOVar binvar, int binval, const KLOLinExpr& expr,
+                                       char sense, double rhs, const std::string& name = "");
+    /// Reads an indicator constraint; every output may be null.  *expr gets
+    /// the linear terms (constant 0) and *rhs the right-hand side.  A removed
+    /// constraint raises -2002.
+    void getGenConstrIndicator(KLOGenConstr gc, KLOVar* binvar, int* binval, KLOLinExpr* expr,
+                               char* sense, double* rhs) const;
+    /// Deletes gc; later general constraints move down.
+    void remove(KLOGenConstr gc);
+
+    // --- objectives ---------------------------------------------------------
+    // setObjective first clears the old objective: the quadratic terms,
+    // every variable's "Obj" and every PSD variable's "PsdObj"; then sets
+    // "ModelSense" unless sense is 0 (1 minimise, -1 maximise), the new
+    // terms (repeated variables add up) and "ObjCon".  A failure part-way
+    // leaves the objective partly replaced.
+
+    void setObjective(const KLOLinExpr& expr, int sense = 0);
+    /// Quadratic terms are added one library call a term, as given.
+    void setObjective(const KLOQuadExpr& expr, int sense = 0);
+    /// The PSD terms, merged per PSD variable, become "PsdObj".
+    void setObjective(const KLOPsdExpr& expr, int sense = 0);
+    /// Sets objective index of a multi-objective model with its priority,
+    /// weight, tolerances and name.  The library's refusal is not reported.
+    void setObjectiveN(const KLOLinExpr& expr, int index, int priority, double weight,
+                       double abstol, double reltol, const std::string& name);
+    /// The objective: quadratic terms, the variables with a non-zero "Obj",
+    /// and "ObjCon".
+    KLOQuadExpr getObjective() const;
+
+    // --- callbacks ----------------------------------------------------------
+    /// Registers cb (owned by the caller, kept alive while the model can
+    /// solve; null unregisters) to run during optimize().
+    void setCallback(KLOCallback* cb);
 
 private:
     friend struct klo_detail::Access;
@@ -978,15 +1401,149 @@ private:
     std::vector<KLOPsdVar> psdvars_;
     std::vector<KLOPsdConstr> psdconstrs_;
     std::shared_ptr<bool> released_;
+    KLOCallback* callback_ = nullptr;
 
     KLOVar appendVar();
-    KLOConstr addConstr();
-    void addSOS();
-    void addGenConstr();
-    void appendPsdVar();
+    KLOSOS addSOS();
+    KLOGenConstr addGenConstr();
+    KLOPsdVar appendPsdVar();
+    int rowOf(const KLOQConstr& qc) const;
+    int rowOf(const KLOPsdConstr& pc) const;
+    void clearObjective(int sense);
     double feasRelaxWith(int type, bool minrelax, const double* lbpen, const double* ubpen,
                          const double* rhspen);
     void* env() const;
+};
+
+// ===========================================================================
+// Callbacks
+// ===========================================================================
+
+/// Base of user callbacks that speak in KLOVar handles.  Derive, override
+/// callback() and register the object with KLOModel::setCallback.  The
+/// library calls callback() at each of its where-codes (klo_c.h) during
+/// optimize(); the operations below are for use inside callback() only.
+///
+/// A solution proposed with setSolution is submitted when callback()
+/// returns (or earlier by useSolution); slots not set keep the marker
+/// KLO_CB_NOVALUE, which the library completes.  abort() stops the solve
+/// when callback() returns.  An exception thrown by callback() leaves
+/// through the library's call.
+class KLOCallback {
+public:
+    /// Fills a fresh proposal and marks "no value" in getSolution.
+    static constexpr double KLO_CB_NOVALUE = -1.23457e+88;
+
+    KLOCallback();
+    virtual ~KLOCallback();
+    KLOCallback(const KLOCallback&) = delete;
+    KLOCallback& operator=(const KLOCallback&) = delete;
+
+    /// The user's code; the default does nothing.
+    virtual void callback();
+
+    /// An integer information code of klo_c.h (KLO_CBINFO_...): 200-202 or
+    /// 306-312.  Any other code raises -5001.
+    int getIntInfo(int what);
+    /// A double information code: 300-302, 316 and 317 and the integer
+    /// ones above.  Any other code raises -5001.
+    double getDoubleInfo(int what);
+    /// v's value in the new incumbent (where-code KLO_CB_MIPSOL), or
+    /// KLO_CB_NOVALUE when the library offers none here.
+    double getSolution(KLOVar v);
+    /// A new[] array of getSolution(vars[k]) for k < n.
+    double* getSolution(const KLOVar* vars, int n);
+    /// v's value in the node relaxation (KLO_CB_MIPNODE), or KLO_CB_NOVALUE.
+    double getNodeRel(KLOVar v);
+    /// A new[] array of getNodeRel(vars[k]) for k < n.
+    double* getNodeRel(const KLOVar* vars, int n);
+    /// Proposes x for v (submitted when callback() returns).  A variable
+    /// outside the model raises -2003.
+    void setSolution(KLOVar v, double x);
+    /// Proposes x[k] for vars[k], k < n.
+    void setSolution(const KLOVar* vars, const double* x, int n);
+    /// Submits the proposal now; *objOut gets its objective when accepted.
+    /// Returns 1000 (and calls nothing) when nothing was proposed since the
+    /// last submission, else the library's result: 0 accepted, positive a
+    /// refusal (KLO_CB_REJECTED, ...); negative results raise.
+    int useSolution(double* objOut);
+    /// Asks to branch on v at value (dir: klo_c.h, KLOcbbranch).  A removed
+    /// variable raises -2003; returns the library's non-negative result.
+    int addBranch(KLOVar v, double value, int dir);
+    /// Adds the cut expr sense rhs (like terms merged, a finite rhs reduced
+    /// by expr's constant).  A removed variable raises -2003.
+    int addCut(const KLOLinExpr& expr, char sense, double rhs);
+    /// Stops the solve when callback() returns.
+    void abort();
+
+protected:
+    /// For KLOCallbackP: the index-based variant.
+    explicit KLOCallback(bool byVariable);
+
+    /// The current where-code (klo_c.h, KLO_CB_...).
+    int where = 0;
+    /// The library model being solved.
+    const void* model = nullptr;
+    /// The library's data of the current invocation.
+    void* cbdata = nullptr;
+    /// The proposal of this invocation: one value per variable.
+    std::unique_ptr<double[]> solution;
+    /// Its length.
+    int numVars = 0;
+    /// Something was proposed since the last submission.
+    bool solutionSet = false;
+    /// abort() was called in this invocation.
+    bool aborted = false;
+    /// True for KLOCallback, false for KLOCallbackP.
+    const bool byVariable;
+
+    /// The library array for an array code (null when not available).
+    template <class T>
+    const T* infoArray(int what);
+    /// Proposes x for column index (-2003 outside the model).
+    void propose(int index, double x);
+    /// Element index of the library's array for code what; KLO_CB_NOVALUE
+    /// when the library has none here, -2003 outside the model.
+    double columnValue(int what, int index);
+
+private:
+    friend class KLOModel;
+    // The function registered with the library: fills this object's fields
+    // for one invocation, runs callback(), submits a pending proposal and
+    // returns 11 (stop) after abort(), else 0.
+    static int cbfn(const void* model, void* cbdata, int where, const void* usrdata);
+    void begin(const void* model, void* cbdata, int where);
+};
+
+/// Base of user callbacks that speak in column indices (the model's
+/// variable indices).  Indices and information codes are passed to the
+/// library as they are; a proposal index outside the model raises -2003.
+class KLOCallbackP : public KLOCallback {
+public:
+    KLOCallbackP();
+    ~KLOCallbackP() override;
+
+    /// Element index of the library's int array for code what.
+    int getIntInfoAt(int index, int what);
+    /// Element index of the library's double array for code what.
+    double getDoubleInfoAt(int index, int what);
+    /// Column index's value in the new incumbent (KLO_CB_NOVALUE when the
+    /// library offers none here).
+    double getSolution(int index);
+    /// A new[] array of getSolution(indices[k]) for k < n.
+    double* getSolution(int* indices, int n);
+    /// Column index's value in the node relaxation.
+    double getNodeRel(int index);
+    /// A new[] array of getNodeRel(indices[k]) for k < n.
+    double* getNodeRel(int* indices, int n);
+    /// Proposes x for column index.
+    void setSolution(int index, double x);
+    /// Proposes x[k] for column indices[k], k < n.
+    void setSolution(int* indices, double* x, int n);
+    /// Asks to branch on column index at value.
+    int addBranch(int index, double value, int dir);
+    /// Adds the cut sum values[k] x[indices[k]] sense rhs, as given.
+    int addCut(int* indices, double* values, int n, char sense, double rhs);
 };
 
 #endif  // KLO_CPP_H

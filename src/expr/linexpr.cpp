@@ -45,9 +45,7 @@ double KLOLinExpr::getValue() const {
 
 void KLOLinExpr::addTerms(const double* coeffs, const KLOVar* vars, int count) {
     for (int i = 0; i < count; ++i) {
-        if (coeffs[i] == 0.0) continue;
-        coeffs_->push_back(coeffs[i]);
-        vars_->push_back(vars[i]);
+        if (coeffs[i] != 0.0) appendTerm(coeffs[i], vars[i]);
     }
 }
 
@@ -75,6 +73,17 @@ void KLOLinExpr::operator+=(const KLOLinExpr& e) { append(e, 1.0); }
 
 void KLOLinExpr::operator-=(const KLOLinExpr& e) { append(e, -1.0); }
 
+// The same terms as += KLOLinExpr(x), without building and walking a
+// one-term expression.
+void KLOLinExpr::operator+=(const KLOVar& x) { appendTerm(1.0, x); }
+
+void KLOLinExpr::operator-=(const KLOVar& x) { appendTerm(-1.0, x); }
+
+void KLOLinExpr::appendTerm(double coeff, const KLOVar& var) {
+    coeffs_->push_back(coeff);
+    vars_->push_back(var);
+}
+
 void KLOLinExpr::operator*=(double d) {
     constant_ *= d;
     coeffs_->copyOnWrite();
@@ -87,13 +96,13 @@ void KLOLinExpr::operator/=(double d) {
     for (double& c : *coeffs_->vec) c /= d;
 }
 
-KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) const {
+KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) {
     KLOLinExpr sum(*this);
     sum += e;
     return sum;
 }
 
-KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) const {
+KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) {
     KLOLinExpr difference(*this);
     difference -= e;
     return difference;

@@ -97,16 +97,19 @@ KLOConstr KLOModel::addConstr() {
     return constrs_.back();
 }
 
-void KLOModel::appendPsdVar() {
+KLOPsdVar KLOModel::appendPsdVar() {
     psdvars_.push_back(newHandle<KLOPsdVar>(model_, static_cast<int>(psdvars_.size())));
+    return psdvars_.back();
 }
 
-void KLOModel::addSOS() {
+KLOSOS KLOModel::addSOS() {
     sos_.push_back(newHandle<KLOSOS>(model_, static_cast<int>(sos_.size())));
+    return sos_.back();
 }
 
-void KLOModel::addGenConstr() {
+KLOGenConstr KLOModel::addGenConstr() {
     genconstrs_.push_back(newHandle<KLOGenConstr>(model_, static_cast<int>(genconstrs_.size())));
+    return genconstrs_.back();
 }
 
 KLOEnv KLOModel::getEnv() const { return KLOEnv(env(), released_); }

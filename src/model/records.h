@@ -2,6 +2,8 @@
 // code belong to each handle class, and the checked way to reach a record.
 #pragma once
 
+#include <vector>
+
 #include "klo_cpp.h"
 #include "model/access.h"
 
@@ -48,6 +50,20 @@ H newHandle(void* model, int index) {
 template <class H>
 void renumber(const H& h, int index) {
     record(h).index = index;
+}
+
+// Drops entry k of a handle vector: the removed record gets the complement
+// of k and the later entries move down with their records renumbered.  An
+// index outside the vector changes nothing.
+template <class H>
+void dropAt(std::vector<H>& handles, int k) {
+    if (k < 0 || k >= static_cast<int>(handles.size())) return;
+    renumber(handles[static_cast<std::size_t>(k)], ~k);
+    for (std::size_t i = static_cast<std::size_t>(k); i + 1 < handles.size(); ++i) {
+        handles[i] = handles[i + 1];
+        renumber(handles[i], static_cast<int>(i));
+    }
+    handles.pop_back();
 }
 
 }  // namespace klo_detail

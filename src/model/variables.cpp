@@ -6,8 +6,10 @@
 #include "klo_c.h"
 #include "klo_cpp.h"
 #include "model/records.h"
+#include "model/terms.h"
 
 using klo_detail::check;
+using klo_detail::cNames;
 
 namespace {
 
@@ -32,13 +34,6 @@ int liveRow(const KLOConstr& c) {
     const int k = c.index();
     if (k < 0) klo_detail::raise(-2002);
     return k;
-}
-
-std::vector<const char*> cNames(const std::string* names, int count) {
-    std::vector<const char*> out;
-    if (!names) return out;
-    for (int j = 0; j < count; ++j) out.push_back(names[j].c_str());
-    return out;
 }
 
 }  // namespace

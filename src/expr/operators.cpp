@@ -1,0 +1,167 @@
+// The free operators over variables, linear and quadratic expressions, and
+// the comparisons that make temporary constraints.
+#include "klo_cpp.h"
+
+KLOLinExpr operator+(KLOVar x, KLOVar y) {
+    KLOLinExpr sum;
+    const double one = 1.0;
+    sum.addTerms(&one, &x, 1);
+    sum.addTerms(&one, &y, 1);
+    return sum;
+}
+
+KLOLinExpr operator-(KLOVar x, KLOVar y) {
+    static const double coeffs[2] = {1.0, -1.0};
+    const KLOVar vars[2] = {x, y};
+    KLOLinExpr difference;
+    difference.addTerms(coeffs, vars, 2);
+    return difference;
+}
+
+KLOLinExpr operator+(KLOVar x, double c) {
+    KLOLinExpr sum(c);
+    sum += x;
+    return sum;
+}
+
+KLOLinExpr operator+(double c, KLOVar x) { return x + c; }
+
+KLOLinExpr operator-(KLOVar x, double c) { return x + (-c); }
+
+KLOLinExpr operator-(double c, KLOVar x) { return KLOLinExpr(x, -1.0) + KLOLinExpr(c); }
+
+KLOLinExpr operator-(KLOVar x) { return KLOLinExpr(x, -1.0); }
+
+KLOLinExpr operator*(double d, KLOVar x) { return d == 0.0 ? KLOLinExpr() : KLOLinExpr(x, d); }
+
+KLOLinExpr operator*(KLOVar x, double d) { return d * x; }
+
+KLOLinExpr operator/(KLOVar x, double d) { return KLOLinExpr(x, 1.0 / d); }
+
+KLOLinExpr operator+(const KLOLinExpr& a, const KLOLinExpr& b) {
+    KLOLinExpr sum(a);
+    sum += b;
+    return sum;
+}
+
+KLOLinExpr operator-(const KLOLinExpr& a, const KLOLinExpr& b) {
+    KLOLinExpr difference(a);
+    difference -= b;
+    return difference;
+}
+
+KLOLinExpr operator+(const KLOLinExpr& a) { return a; }
+
+KLOLinExpr operator-(const KLOLinExpr& a) { return a * -1.0; }
+
+KLOLinExpr operator*(const KLOLinExpr& a, double d) {
+    if (d == 0.0) return KLOLinExpr();
+    KLOLinExpr product(a);
+    product *= d;
+    return product;
+}
+
+KLOLinExpr operator*(double d, const KLOLinExpr& a) { return a * d; }
+
+KLOLinExpr operator/(const KLOLinExpr& a, double d) {
+    KLOLinExpr quotient(a);
+    quotient /= d;
+    return quotient;
+}
+
+KLOQuadExpr operator*(KLOVar x, KLOVar y) {
+    KLOQuadExpr product;
+    product.addTerm(1.0, x, y);
+    return product;
+}
+
+KLOQuadExpr operator*(KLOVar x, const KLOLinExpr& e) {
+    KLOQuadExpr product;
+    for (int i = 0; i < e.size(); ++i) product.appendTerm(e.getCoeff(i), x, e.getVar(i));
+    if (e.getConstant() != 0.0) product.addTerm(e.getConstant(), x);
+    return product;
+}
+
+KLOQuadExpr operator*(const KLOLinExpr& e, KLOVar x) { return x * e; }
+
+KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b) {
+    KLOQuadExpr product;
+    // Read each operand's terms once (element access would privatise and
+    // check on every read).
+    std::vector<double> ac, bc;
+    std::vector<KLOVar> av, bv;
+    for (int i = 0; i < a.size(); ++i) {
+        ac.push_back(a.getCoeff(i));
+        av.push_back(a.getVar(i));
+    }
+    for (int j = 0; j < b.size(); ++j) {
+        bc.push_back(b.getCoeff(j));
+        bv.push_back(b.getVar(j));
+    }
+    for (std::size_t i = 0; i < ac.size(); ++i) {
+        for (std::size_t j = 0; j < bc.size(); ++j) product.appendTerm(ac[i] * bc[j], av[i], bv[j]);
+    }
+    const double ka = a.getConstant();
+    const double kb = b.getConstant();
+    if (kb != 0.0) {
+        for (std::size_t i = 0; i < ac.size(); ++i) product.addTerm(ac[i] * kb, av[i]);
+    }
+    if (ka != 0.0) {
+        for (std::size_t j = 0; j < bc.size(); ++j) product.addTerm(ka * bc[j], bv[j]);
+    }
+    if (ka * kb != 0.0) product.addConstant(ka * kb);
+    return product;
+}
+
+KLOQuadExpr operator+(const KLOQuadExpr& p, const KLOQuadExpr& q) {
+    KLOQuadExpr sum(p);
+    sum += q;
+    return sum;
+}
+
+KLOQuadExpr operator-(const KLOQuadExpr& p, const KLOQuadExpr& q) {
+    KLOQuadExpr difference(p);
+    difference += -q;
+    return difference;
+}
+
+KLOQuadExpr operator+(const KLOQuadExpr& p) { return p; }
+
+KLOQuadExpr operator-(const KLOQuadExpr& p) {
+    KLOQuadExpr negated(p);
+    negated *= -1.0;
+    return negated;
+}
+
+KLOQuadExpr operator*(const KLOQuadExpr& p, double d) {
+    if (d == 0.0) return KLOQuadExpr(0.0);
+    KLOQuadExpr product(p);
+    product *= d;
+    return product;
+}
+
+KLOQuadExpr operator*(double d, const KLOQuadExpr& p) { return p * d; }
+
+KLOQuadExpr operator/(const KLOQuadExpr& p, double d) {
+    KLOQuadExpr quotient(p);
+    quotient /= d;
+    return quotient;
+}
+
+KLOTempConstr operator<=(const KLOQuadExpr& a, const KLOQuadExpr& b) {
+    KLOTempConstr tc{'<', a};
+    tc.expr -= b;
+    return tc;
+}
+
+KLOTempConstr operator==(const KLOQuadExpr& a, const KLOQuadExpr& b) {
+    KLOTempConstr tc{'=', a};
+    tc.expr -= b;
+    return tc;
+}
+
+KLOTempConstr operator>=(const KLOQuadExpr& a, const KLOQuadExpr& b) {
+    KLOTempConstr tc{'>', a};
+    tc.expr += -b;
+    return tc;
+}
