@@ -1,4 +1,5 @@
 #include <cctype>
+#include <cmath>
 #include <sstream>
 
 #include "common/error.h"
@@ -96,7 +97,8 @@ void objective(std::ostream& out, const ModelData& d, const std::vector<std::str
   // variables in their order.
   for (int j = 0; j < d.numVars(); ++j) term(out, d.obj()[j], cols[j]);
   quadratic(out, d.qobj, cols, 2);
-  if (d.objectives[0].constant != 0) term(out, d.objectives[0].constant, "");
+  double constant = d.objectives[0].constant;
+  if (constant != 0) out << (constant < 0 ? " - " : " + ") << formatDouble(std::fabs(constant));
   out << "\n";
 }
 
