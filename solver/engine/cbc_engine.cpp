@@ -15,6 +15,10 @@
 //    are turned back here (SearchState::toModel).
 //  - Cut generators and incumbents see the preprocessed columns, so with a
 //    user callback preprocessing is off and the search runs on one thread.
+//  - On small problems branchAndBound solves deep subtrees inside Clp
+//    (fast node depth, set inside the search, out of reach of options):
+//    cut generators and event handlers, hence node callbacks, do not see
+//    those nodes; the node count includes them.
 //  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting.
 //  - Cbc's saved solutions ("-maxSavedSolutions") overrun a buffer when
 //    preprocessing removed columns (seen with AddressSanitizer), so the pool
@@ -23,6 +27,7 @@
 //  - A MIP start is matched by column name, so columns get names.
 //  - 1e20 is a finite bound to Clp underneath: bounds go in as COIN_DBL_MAX.
 #include <CbcModel.hpp>
+#include <CbcCutGenerator.hpp>
 #include <CbcSOS.hpp>
 #include <CbcSolver.hpp>
 #include <OsiClpSolverInterface.hpp>
@@ -61,17 +66,19 @@ class CbcRun {
     CbcMain0(model, data);
     model.setLogLevel(cbcLogLevel(s_));
     install(model);
-    const double timeLeft = s_.maxTime >= kInfinity ? kInfinity : std::max(0.0, s_.maxTime - state_.ctx.runtime());
+    const double timeLeft =
+        s_.maxTime >= kInfinity ? kInfinity : std::max(0.0, s_.maxTime - state_.ctx.runtime());
     std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
     std::vector<const char*> argv;
     for (const std::string& a : args) argv.push_back(a.c_str());
-    CbcMain1(static_cast<int>(argv.size()), argv.data(), model, noCallBack, data);
+    CbcMain1(static_cast<int>(argv.size()), argv.data(), model, beforeSearch, data);
     readResult(model);
     return std::move(r_);
   }
 
  private:
-  static int noCallBack(CbcModel*, int) { return 0; }
+  // CbcMain1's hook, called at its stages (3: just before branch and bound).
+  static int beforeSearch(CbcModel*, int) { return 0; }
 
   void loadSolver() {
     std::vector<double> lower = coinBounds(p_.colLower), upper = coinBounds(p_.colUpper);
@@ -99,7 +106,10 @@ class CbcRun {
     model.passInEventHandler(&events);  // Cbc keeps a clone
     if (!cb_) return;
     NodeCallbackCuts cuts(state_);
-    model.addCutGenerator(&cuts, 1, "callback", true, false, false, -100, -1, -1);
+    model.addCutGenerator(&cuts, 1, "callback", true, false, false, 1, -1, -1);
+    CbcCutGenerator* added = model.cutGenerator(model.numberCutGenerators() - 1);
+    added->setMustCallAgain(true);  // user cuts go in even when the loop would stop
+    added->setSwitchOffIfLessThan(0);
     ProposedSolutions heuristic(state_);
     model.addHeuristic(&heuristic);
     RequestedBranch branching(&model, state_.branchRequest);
