@@ -44,8 +44,11 @@ std::ostream& operator<<(std::ostream& os, KLOLinExpr e) {
 
 std::ostream& operator<<(std::ostream& os, KLOQuadExpr q) {
     std::stringstream ss;
-    for (int i = 0; i < q.size(); ++i)
-        outputTerm(ss, q.getCoeff(i), nameOf(q.getVar1(i)), nameOf(q.getVar2(i)));
+    for (int i = 0; i < q.size(); ++i) {
+        std::string name1 = nameOf(q.getVar1(i));
+        std::string name2 = nameOf(q.getVar2(i));
+        outputTerm(ss, q.getCoeff(i), std::move(name1), std::move(name2));
+    }
     // The linear text follows already trimmed and without a separator: the
     // established output form.
     ss << q.getLinExpr();
