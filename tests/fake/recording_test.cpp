@@ -101,12 +101,14 @@ TEST_F(FakeTest, ArraysWithoutACountAreReadOnlyWithAScriptedLength) {
     klo_fake::on("KLOfeasrelax").arrayLength(3, 3).arrayLength(4, 2).arrayLength(5, 1);
     KLOfeasrelax(model, 0, 0, pen, pen, nullptr, &obj);
     EXPECT_EQ(last().str(), "KLOfeasrelax(ptr, 0, 0, [1, 2, 3], [1, 2], null, ptr)");
-    const int mind[] = {0, 3};
-    klo_fake::on("KLOaddrangepsdconstr").arrayLength(7, 2).arrayLength(8, 2);
-    const int psdvar[] = {0}, mbeg[] = {0};
-    KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, mbeg, mind, pen, 1, 1, "p");
-    EXPECT_EQ(last().str(),
-              R"(KLOaddrangepsdconstr(ptr, 0, null, null, 1, [0], [0], [0, 3], [1, 2], 1, 1, "p"))");
+}
+
+TEST_F(FakeTest, PsdMatrixEntriesAreCountedByTheLastOffset) {
+    const int psdvar[] = {0, 1}, mbeg[] = {0, 1, 3}, mind[] = {0, 0, 3};
+    const double mval[] = {1, 2, 3};
+    KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 2, psdvar, mbeg, mind, mval, 1, 1, "p");
+    EXPECT_EQ(last().str(), "KLOaddrangepsdconstr(ptr, 0, null, null, 2, [0, 1], [0, 1, 3], "
+                            "[0, 0, 3], [1, 2, 3], 1, 1, \"p\")");
 }
 
 TEST_F(FakeTest, CallsAreListedInOrderAndByFunction) {

@@ -110,15 +110,16 @@ int KLOdelpsdvars(KLOmodel* model, int numdel, const int* ind) {
     return status(__func__, {model, numdel, array(ind, numdel)});
 }
 
-// The matrix entries (mind, mval) have no count argument: Script::arrayLength
-// gives their lengths.
+// mbeg holds numpsd + 1 offsets; the last is the number of matrix entries.
 int KLOaddrangepsdconstr(KLOmodel* model, int numnz, const int* cind, const double* cval,
                          int numpsd, const int* psdvar, const int* mbeg, const int* mind,
                          const double* mval, double lower, double upper,
                          const char* constrname) {
+    const int offsets = mbeg && numpsd >= 0 ? numpsd + 1 : 0;
+    const int entries = offsets > 0 ? mbeg[numpsd] : 0;
     return status(__func__, {model, numnz, array(cind, numnz), array(cval, numnz), numpsd,
-                             array(psdvar, numpsd), array(mbeg, numpsd), unsized(mind),
-                             unsized(mval), lower, upper, text(constrname)});
+                             array(psdvar, numpsd), array(mbeg, offsets), array(mind, entries),
+                             array(mval, entries), lower, upper, text(constrname)});
 }
 
 int KLOaddsos(KLOmodel* model, int numsos, int nummembers, const int* types, const int* beg,
