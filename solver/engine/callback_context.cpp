@@ -112,7 +112,8 @@ int callbackCut(CallbackContext& c, int len, const int* ind, const double* val, 
                 double rhs) {
   if (len < 0 || std::isnan(rhs)) return KLO_ERROR_INVALID_ARGUMENT;
   if (len > 0 && (!ind || !val)) return KLO_ERROR_NULL_ARGUMENT;
-  if (!c.actions || c.where != KLO_CB_MIPNODE) return KLO_ERROR_CALLBACK_WHERE;
+  const bool lazy = c.lazyConstraints && c.where == KLO_CB_MIPSOL;
+  if (!c.actions || (c.where != KLO_CB_MIPNODE && !lazy)) return KLO_ERROR_CALLBACK_WHERE;
   for (int k = 0; k < len; ++k) {
     if (ind[k] < 0 || ind[k] >= c.numVars) return KLO_ERROR_INVALID_VAR;
     if (!std::isfinite(val[k])) return KLO_ERROR_INVALID_ARGUMENT;

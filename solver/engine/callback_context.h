@@ -48,6 +48,8 @@ struct CallbackContext {
   const int* isInteger = nullptr;          // MIP locations
 
   CallbackActions* actions = nullptr;  // null where nothing may be submitted
+  // Cuts are taken at KLO_CB_MIPSOL too, as lazy constraints.
+  bool lazyConstraints = false;
 
   double runtime() const;
 };
@@ -64,7 +66,8 @@ int callbackGet(const CallbackContext& ctx, int where, int what, void* result);
 // objective when accepted.
 int callbackSolution(CallbackContext& ctx, const double* x, double* objective);
 
-// KLOcbcut: adds the cut  sum val[k] x[ind[k]]  sense  rhs  (KLO_CB_MIPNODE).
+// KLOcbcut: adds the cut  sum val[k] x[ind[k]]  sense  rhs  at
+// KLO_CB_MIPNODE, or a lazy constraint at KLO_CB_MIPSOL when enabled.
 int callbackCut(CallbackContext& ctx, int len, const int* ind, const double* val, char sense,
                 double rhs);
 

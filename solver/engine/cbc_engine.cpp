@@ -19,6 +19,10 @@
 //    (fast node depth, set inside the search, out of reach of options):
 //    cut generators and event handlers, hence node callbacks, do not see
 //    those nodes; the node count includes them.
+//  - Lazy constraints need a long list of settings at once (allowLazyRows,
+//    OsiBabSolver(4), preprocessing off, our generator called at
+//    solutions, killSolution for violating candidates); any one missing
+//    gives wrong optima.
 //  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting.
 //  - Cbc's saved solutions ("-maxSavedSolutions") overrun a buffer when
 //    preprocessing removed columns (seen with AddressSanitizer), so the pool
@@ -30,6 +34,7 @@
 #include <CbcCutGenerator.hpp>
 #include <CbcSOS.hpp>
 #include <CbcSolver.hpp>
+#include <OsiAuxInfo.hpp>
 #include <OsiClpSolverInterface.hpp>
 
 #include <algorithm>
@@ -71,14 +76,30 @@ class CbcRun {
     std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
     std::vector<const char*> argv;
     for (const std::string& a : args) argv.push_back(a.c_str());
-    CbcMain1(static_cast<int>(argv.size()), argv.data(), model, beforeSearch, data);
+    CbcMain1(static_cast<int>(argv.size()), argv.data(), model,
+             lazy() ? beforeLazySearch : beforeSearch, data);
     readResult(model);
     return std::move(r_);
   }
 
  private:
-  // CbcMain1's hook, called at its stages (3: just before branch and bound).
+  // CbcMain1's hooks, called at its stages (3: just before branch and bound).
   static int beforeSearch(CbcModel*, int) { return 0; }
+  static int beforeLazySearch(CbcModel* model, int whereFrom) {
+    if (whereFrom == 3) allowLazyRows(*model);
+    return 0;
+  }
+
+  // Lazy rows are correct only without restarts, dominated-column fixing
+  // (specialOptions 512, 32768, 64) and bound tightening by dual fixing
+  // (moreSpecialOptions 1073741824), with the solver declared as one whose
+  // solutions cuts may reject (OsiBabSolver(4), see loadSolver).
+  static void allowLazyRows(CbcModel& model) {
+    model.setSpecialOptions(model.specialOptions() & ~(512 | 32768 | 64));
+    model.setMoreSpecialOptions(model.moreSpecialOptions() | 1073741824);
+  }
+
+  bool lazy() const { return s_.lazyConstraints && cb_; }
 
   void loadSolver() {
     std::vector<double> lower = coinBounds(p_.colLower), upper = coinBounds(p_.colUpper);
@@ -97,6 +118,10 @@ class CbcRun {
     for (int j = 0; j < p_.numCols(); ++j)
       if (p_.colType[j] != 'C') solver_.setInteger(j);
     solver_.passInMessageHandler(&handler_);
+    if (lazy()) {
+      OsiBabSolver cutsMayReject(4);
+      solver_.setAuxiliaryInfo(&cutsMayReject);  // copied; before the CbcModel is made
+    }
   }
 
   void install(CbcModel& model) {
@@ -105,8 +130,9 @@ class CbcRun {
     SearchEvents events(state_);
     model.passInEventHandler(&events);  // Cbc keeps a clone
     if (!cb_) return;
+    if (lazy()) allowLazyRows(model);
     NodeCallbackCuts cuts(state_);
-    model.addCutGenerator(&cuts, 1, "callback", true, false, false, 1, -1, -1);
+    model.addCutGenerator(&cuts, 1, "callback", true, lazy(), false, 1, -1, -1);
     CbcCutGenerator* added = model.cutGenerator(model.numberCutGenerators() - 1);
     added->setMustCallAgain(true);  // user cuts go in even when the loop would stop
     added->setSwitchOffIfLessThan(0);

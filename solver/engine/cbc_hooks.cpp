@@ -29,6 +29,7 @@ SearchState::SearchState(const Problem& p, const Settings& s, const Callback& cb
   ctx.objBest = p.sense * kInfinity;
   ctx.objBound = -p.sense * kInfinity;
   ctx.actions = this;
+  ctx.lazyConstraints = s.lazyConstraints && cb;
 }
 
 double SearchState::toModel(double cbcValue) const {
@@ -125,15 +126,55 @@ int SearchState::proposeSolution(const double* x, double* objective) {
 }
 
 int SearchState::addCut(int len, const int* ind, const double* val, char sense, double rhs) {
-  if (!cutsOut) return KLO_CB_IGNORED;
+  const bool lazy = ctx.where == KLO_CB_MIPSOL;
+  if (!lazy && !cutsOut) return KLO_CB_IGNORED;
   OsiRowCut cut;
   cut.setRow(len, ind, val);
-  cut.setLb(sense == '<' || (sense != '>' && sense != '=') ? -COIN_DBL_MAX : rhs);
+  cut.setLb(sense == '>' || sense == '=' ? rhs : -COIN_DBL_MAX);
   cut.setUb(sense == '>' ? COIN_DBL_MAX : rhs);
   cut.setGloballyValid(true);
-  cutsOut->insert(cut);
+  if (lazy)
+    lazyRows.push_back(cut);
+  else
+    cutsOut->insert(cut);
   ++ctx.cutCount;
   return KLO_OK;
+}
+
+namespace {
+
+bool violates(const OsiRowCut& cut, const double* x) {
+  const double activity = cut.row().dotProduct(x);
+  const double tol = 1e-6 * (1.0 + std::fabs(activity));
+  return activity < cut.lb() - tol || activity > cut.ub() + tol;
+}
+
+}  // namespace
+
+bool SearchState::violatesLazyRow(const double* x) const {
+  return std::any_of(lazyRows.begin(), lazyRows.end(),
+                     [x](const OsiRowCut& c) { return violates(c, x); });
+}
+
+bool SearchState::isIntegral(const double* x) const {
+  for (int j = 0; j < problem.numCols(); ++j)
+    if (integerFlags_[j] && std::fabs(x[j] - std::round(x[j])) > settings.integerTolerance) return false;
+  return true;
+}
+
+bool SearchState::checkCandidate(const double* x) {
+  const int n = problem.numCols();
+  if (!std::equal(x, x + n, lastCandidate_.begin(), lastCandidate_.end())) {
+    lastCandidate_.assign(x, x + n);
+    ctx.solution = lastCandidate_.data();
+    call(KLO_CB_MIPSOL);
+  }
+  return violatesLazyRow(x);
+}
+
+void SearchState::addViolatedLazyRows(const double* x, OsiCuts& cs) const {
+  for (const OsiRowCut& c : lazyRows)
+    if (violates(c, x)) cs.insert(c);
 }
 
 // Integer columns only, and only when both arms fit the node's bounds.
@@ -153,19 +194,36 @@ CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
     s.observe(*model_);
     s.call(KLO_CB_MIP);
     s.progress(false, false);
+  } else if (e == beforeSolution2 && s.ctx.lazyConstraints) {
+    return candidate();
   } else if ((e == solution || e == heuristicSolution) &&
              model_->getSolutionCount() > s.solutionsSeen) {
-    s.solutionsSeen = model_->getSolutionCount();
-    s.observe(*model_);
-    std::vector<double> x = originalIncumbent();
-    if (!x.empty()) {
-      s.incumbents.push_back(PoolSolution{objectiveOf(s.problem, x.data()), x});
-      s.ctx.solution = s.incumbents.back().x.data();
-      s.call(KLO_CB_MIPSOL);
-    }
-    s.progress(false, true);
+    incumbent();
   }
   return s.stopRequested ? stop : noAction;
+}
+
+// With lazy constraints the callback sees candidates (here the candidate
+// is the model's best solution for the moment) and may add lazy rows that
+// reject them.
+CbcEventHandler::CbcAction SearchEvents::candidate() {
+  SearchState& s = *state_;
+  const double* x = model_->bestSolution();
+  if (!x || model_->solver()->getNumCols() != s.problem.numCols()) return noAction;
+  return s.checkCandidate(x) ? killSolution : noAction;
+}
+
+void SearchEvents::incumbent() {
+  SearchState& s = *state_;
+  s.solutionsSeen = model_->getSolutionCount();
+  s.observe(*model_);
+  std::vector<double> x = originalIncumbent();
+  if (!x.empty()) {
+    s.incumbents.push_back(PoolSolution{objectiveOf(s.problem, x.data()), x});
+    s.ctx.solution = s.incumbents.back().x.data();
+    if (!s.ctx.lazyConstraints) s.call(KLO_CB_MIPSOL);  // seen as a candidate already
+  }
+  s.progress(false, true);
 }
 
 std::vector<double> SearchEvents::originalIncumbent() const {
@@ -183,7 +241,12 @@ std::vector<double> SearchEvents::originalIncumbent() const {
 void NodeCallbackCuts::generateCuts(const OsiSolverInterface& si, OsiCuts& cs,
                                     const CglTreeInfo info) {
   SearchState& s = *state_;
-  if (s.stopRequested || si.getNumCols() != s.problem.numCols()) return;
+  if (si.getNumCols() != s.problem.numCols()) return;
+  // An integral node point is a candidate: its lazy rows must be cuts here,
+  // before Cbc takes the point as a solution.
+  if (s.ctx.lazyConstraints && s.isIntegral(si.getColSolution())) s.checkCandidate(si.getColSolution());
+  s.addViolatedLazyRows(si.getColSolution(), cs);
+  if (s.stopRequested) return;
   s.ctx.nodeRelaxation = si.getColSolution();
   s.ctx.nodeLower = si.getColLower();
   s.ctx.nodeUpper = si.getColUpper();

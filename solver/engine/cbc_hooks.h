@@ -9,6 +9,7 @@
 #include <CbcHeuristic.hpp>
 #include <CglCutGenerator.hpp>
 #include <OsiCuts.hpp>
+#include <OsiRowCut.hpp>
 
 #include <chrono>
 #include <vector>
@@ -58,10 +59,20 @@ class SearchState : public CallbackActions {
   std::vector<PoolSolution> incumbents;
   OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
   BranchRequest branchRequest;      // for the node being processed
+  std::vector<OsiRowCut> lazyRows;  // lazy constraints given so far
+
+  bool violatesLazyRow(const double* x) const;
+  // Shows an integral candidate to the callback (once) so that it can add
+  // lazy rows; true when it violates one.
+  bool checkCandidate(const double* x);
+  bool isIntegral(const double* x) const;
+  // Puts the lazy rows x violates into cs.
+  void addViolatedLazyRows(const double* x, OsiCuts& cs) const;
 
  private:
   std::vector<double> complete(const double* x, bool& ok) const;
   std::vector<int> integerFlags_;
+  std::vector<double> lastCandidate_;
   double lastProgress_ = -1.0;
   bool headerDone_ = false;
 };
@@ -75,6 +86,8 @@ class SearchEvents : public CbcEventHandler {
  private:
   // The incumbent in the original columns (empty when it cannot be mapped).
   std::vector<double> originalIncumbent() const;
+  CbcAction candidate();  // a solution about to be accepted, with lazy rows
+  void incumbent();       // a new incumbent
   SearchState* state_;
 };
 

@@ -21,6 +21,7 @@
 //  "MIP/LevelCuts"          levelCuts             -               0 off, 1 root only, 2 and -1 Cbc's default, 3 every node
 //  "MIP/LevelHeurs"         levelHeurs            -               0 off, 1 rounding and pump, 2 and -1 Cbc's default, 3 adds RENS, RINS, DINS, proximity
 //  "MIP/SolutionPoolSize"   solutionPoolSize      -               yes
+//  "MIP/EnableLazyConstr"   lazyConstraints       -               yes (with a callback)
 //  "NumThreads"             numThreads            no (serial)     > 1: Cbc's threads, unless a callback is set
 //  "OutputFlag", "LogToConsole", "LogFile": the C layer's log; here logLevel and log.
 #ifndef KLO_SOLVER_ENGINE_SETTINGS_H
@@ -59,6 +60,9 @@ struct Settings {
   int levelCuts = -1;   // -1 automatic, 0 off .. 3 aggressive
   int levelHeurs = -1;  // -1 automatic, 0 off .. 3 aggressive
   int solutionPoolSize = 10;
+  // Cuts given at KLO_CB_MIPSOL are lazy constraints: the candidate the
+  // callback sees is rejected while it violates one.
+  bool lazyConstraints = false;
 
   // Both
   double maxTime = 1e20;  // wall-clock seconds
