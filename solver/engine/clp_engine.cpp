@@ -23,9 +23,7 @@
 //  - Duals and reduced costs come back in the user's sense, which is the
 //    convention of result.h for minimisation and maximisation alike.
 //  - Status 5 means an event handler stopped the solve: our callback did.
-#include <ClpCholeskyBase.hpp>
 #include <ClpEventHandler.hpp>
-#include <ClpInterior.hpp>
 #include <ClpPresolve.hpp>
 #include <ClpSimplex.hpp>
 
@@ -34,6 +32,7 @@
 #include <cmath>
 #include <memory>
 
+#include "engine/clp_barrier.h"
 #include "engine/clp_basis.h"
 #include "engine/coin_problem.h"
 #include "engine/engine.h"
@@ -130,24 +129,9 @@ class ClpRun {
   }
 
   Outcome barrier(ClpSimplex& model) {
-    ClpInterior ipm;
-    ipm.borrowModel(model);
-    ipm.setCholesky(new ClpCholeskyBase());
-    ipm.scaling(0);  // scaled, it stalls on some problems (capri) that it solves unscaled
-    ipm.setPrimalTolerance(s_.ipmPrimalTolerance);
-    ipm.setDualTolerance(s_.ipmDualTolerance);
-    ipm.setMaximumBarrierIterations(s_.maxBarrierIterations);
-    ipm.setMaximumWallSeconds(timeLeft());
-    // The borrowed event handler belongs to the simplex model; Clp asserts
-    // unless it is detached while the interior-point method runs.
-    ipm.eventHandler()->setSimplex(nullptr);
-    ipm.primalDual();
-    r_.barrierIterations += ipm.numberIterations();
-    const int status = ipm.status();
-    ipm.returnModel(model);
-    model.eventHandler()->setSimplex(&model);
-    if (status == 3) return Outcome{3, 0, true};
-    if (status == 4) return Outcome{4, 0, true};
+    const BarrierRun ipm = runInteriorPoint(model, s_, timeLeft());
+    r_.barrierIterations += ipm.iterations;
+    if (ipm.status >= 3) return Outcome{ipm.status, 0, true};
     // Crossover to a basic solution (also settles infeasible and unbounded).
     model.createStatus();
     model.setMaximumWallSeconds(timeLeft());

@@ -213,20 +213,5 @@ TEST(Callback, InformationOutsideItsLocationIsRefused) {
                                      KLO_ERROR_INVALID_VAR, KLO_ERROR_INVALID_VAR}));
 }
 
-TEST(Callback, CutsAreRefusedAtIncumbents) {
-  Problem p = knapsack();
-  int code = 0;
-  Callback cb = [&](CallbackContext& ctx) {
-    if (ctx.where == KLO_CB_MIPSOL && code == 0) {
-      const int ind[] = {0};
-      const double val[] = {1.0};
-      code = callbackCut(ctx, 1, ind, val, '<', 0);
-    }
-    return 0;
-  };
-  makeCbcEngine()->solve(p, quietSettings(), cb);
-  EXPECT_EQ(code, KLO_ERROR_CALLBACK_WHERE);
-}
-
 }  // namespace
 }  // namespace klo::engine::test

@@ -137,7 +137,8 @@ TEST(LazyConstraints, ScatteredCities) {
   }
 }
 
-// Without the setting, a cut at an incumbent is refused.
+// Without the setting, a cut at an incumbent is refused: cuts belong to
+// node relaxations.
 TEST(LazyConstraints, RefusedUnlessEnabled) {
   Tsp tsp;
   Problem p = tsp.problem();

@@ -1,0 +1,23 @@
+// Clp's interior-point method, run directly through ClpInterior so that its
+// iterations are counted and limited (ClpSimplex::barrier reports none).
+#ifndef KLO_SOLVER_ENGINE_CLP_BARRIER_H
+#define KLO_SOLVER_ENGINE_CLP_BARRIER_H
+
+#include <ClpSimplex.hpp>
+
+#include "engine/settings.h"
+
+namespace klo::engine {
+
+struct BarrierRun {
+  int status = 4;  // ClpInterior's: 0 optimal, 1 infeasible, 2 unbounded, 3 limit, 4 error
+  int iterations = 0;
+};
+
+// Leaves the interior point in model's solution arrays, ready for a
+// crossover.  timeLeft: wall seconds.
+BarrierRun runInteriorPoint(ClpSimplex& model, const Settings& s, double timeLeft);
+
+}  // namespace klo::engine
+
+#endif
