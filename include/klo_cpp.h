@@ -1373,6 +1373,9 @@ public:
     // leaves the objective partly replaced.
 
     void setObjective(const KLOLinExpr& expr, int sense = 0);
+    /// The objective 1.0 * x (without this, a lone variable would convert
+    /// to a linear and a quadratic expression alike).
+    void setObjective(KLOVar x, int sense = 0);
     /// Quadratic terms are added one library call a term, as given.
     void setObjective(const KLOQuadExpr& expr, int sense = 0);
     /// The PSD terms, merged per PSD variable, become "PsdObj".

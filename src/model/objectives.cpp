@@ -40,6 +40,8 @@ void KLOModel::setObjective(const KLOLinExpr& expr, int sense) {
     set(KLO_DoubleAttr_ObjCon, expr.getConstant());
 }
 
+void KLOModel::setObjective(KLOVar x, int sense) { setObjective(KLOLinExpr(x, 1.0), sense); }
+
 void KLOModel::setObjective(const KLOQuadExpr& expr, int sense) {
     clearObjective(sense);
     for (int i = 0; i < expr.size(); ++i) {
