@@ -63,7 +63,8 @@ TEST_F(SpecialRows, PsdRowsSumMatricesPerVariable) {
     const KLOPsdConstr c = model->addPsdConstr(P, '>', 5.0, "p");
     model->addRangePsdConstr(KLOPsdExpr(x + 1), -1e20, 2.0);
     EXPECT_EQ(klo_fake::strs(),
-              (Calls{"KLOaddrangepsdconstr(ptr, 1, [0], [2], X                     "1e+20, \"p\")",
+              (Calls{"KLOaddrangepsdconstr(ptr, 1, [0], [2], 1, [0], [0, 2], [0, 2], [1, 4], 2, "
+                     "1e+20, \"p\")",
                      "KLOaddrangepsdconstr(ptr, 1, [0], [1], 0, null, [0], null, null, -1e+20, 1, "
                      "\"\")"}));
     EXPECT_TRUE(c.sameAs(model->getPsdConstr(0)));
