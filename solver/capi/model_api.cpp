@@ -148,6 +148,8 @@ int KLOreset(KLOmodel* model, int clearall) {
     if (clearall != 0 && clearall != 1)
       klo::fail(KLO_ERROR_INVALID_ARGUMENT,
                 "clearall must be 0 or 1, not " + std::to_string(clearall));
+    model->data.lastColBasis.clear();
+    model->data.lastRowBasis.clear();
     if (clearall == 1) {
       model->data.start.assign(model->data.numVars(), KLO_UNDEFINED);
       model->data.colBasis.clear();

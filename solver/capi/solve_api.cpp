@@ -1,46 +1,86 @@
-// Solving, analyses and callbacks.  The engines are not connected in this
-// build: every call refuses with KLO_ERROR_NOT_SUPPORTED and says so.
+// Solving, analyses and callbacks.  The work is in solve/; these functions
+// check arguments and turn failures into codes.
 #include <string>
 
 #include "capi/model_guard.h"
+#include "engine/callback_context.h"
+#include "solve/optimize.h"
+#include "solve/user_callback.h"
 
 namespace {
 
-int noEngine(KLOmodel* model, const char* fn) {
-  if (!model) return KLO_ERROR_NULL_ARGUMENT;
-  return klo::record(
-      &model->env, KLO_ERROR_NOT_SUPPORTED,
-      std::string(fn) + ": no solving engine is connected in this build of the library");
+// The running callback's context behind cbdata; codes for null and for a
+// pointer that is not the running callback's.
+template <class F>
+int inCallback(void* cbdata, F&& body) {
+  if (!cbdata) return KLO_ERROR_NULL_ARGUMENT;
+  klo::engine::CallbackContext* ctx = klo::runningContext(cbdata);
+  if (!ctx) return KLO_ERROR_NOT_IN_CALLBACK;
+  return body(*ctx);
 }
 
-// Callback functions only work inside a running callback, and none can run
-// without an engine.
-int notInCallback(void* cbdata) {
-  return cbdata ? KLO_ERROR_NOT_IN_CALLBACK : KLO_ERROR_NULL_ARGUMENT;
+int solution(void* cbdata, const double* x, double* objP) {
+  return inCallback(cbdata, [&](klo::engine::CallbackContext& c) {
+    return klo::engine::callbackSolution(c, x, objP);
+  });
+}
+
+int cut(void* cbdata, int len, const int* ind, const double* val, char sense, double rhs) {
+  return inCallback(cbdata, [&](klo::engine::CallbackContext& c) {
+    return klo::engine::callbackCut(c, len, ind, val, sense, rhs);
+  });
+}
+
+int branch(void* cbdata, int index, double value, int dir) {
+  return inCallback(cbdata, [&](klo::engine::CallbackContext& c) {
+    return klo::engine::callbackBranch(c, index, value, dir);
+  });
 }
 
 }  // namespace
 
 extern "C" {
 
-int KLOoptimize(KLOmodel* model) { return noEngine(model, "KLOoptimize"); }
+int KLOoptimize(KLOmodel* model) {
+  if (!model) return KLO_ERROR_NULL_ARGUMENT;
+  return klo::guarded(&model->env, [&] { klo::optimize(*model); });
+}
 
-int KLOcomputeIIS(KLOmodel* model) { return noEngine(model, "KLOcomputeIIS"); }
+int KLOcomputeIIS(KLOmodel* model) {
+  if (!model) return KLO_ERROR_NULL_ARGUMENT;
+  return klo::record(&model->env, KLO_ERROR_NOT_SUPPORTED, "KLOcomputeIIS: not available yet");
+}
 
 int KLOfeasrelax(KLOmodel* model, int, int, const double*, const double*, const double*, double*) {
-  return noEngine(model, "KLOfeasrelax");
+  if (!model) return KLO_ERROR_NULL_ARGUMENT;
+  return klo::record(&model->env, KLO_ERROR_NOT_SUPPORTED, "KLOfeasrelax: not available yet");
 }
 
-int KLOcbget(void* cbdata, int, int, void*) { return notInCallback(cbdata); }
-int KLOcbsolution(void* cbdata, const double*, double*) { return notInCallback(cbdata); }
-int KLOcbsolutionp(void* cbdata, const double*, double*) { return notInCallback(cbdata); }
-int KLOcbcut(void* cbdata, int, const int*, const double*, char, double) {
-  return notInCallback(cbdata);
+int KLOcbget(void* cbdata, int where, int what, void* resultP) {
+  return inCallback(cbdata, [&](klo::engine::CallbackContext& c) {
+    return klo::engine::callbackGet(c, where, what, resultP);
+  });
 }
-int KLOcbcutp(void* cbdata, int, const int*, const double*, char, double) {
-  return notInCallback(cbdata);
+
+int KLOcbsolution(void* cbdata, const double* solution, double* objP) {
+  return ::solution(cbdata, solution, objP);
 }
-int KLOcbbranch(void* cbdata, int, double, int) { return notInCallback(cbdata); }
-int KLOcbbranchp(void* cbdata, int, double, int) { return notInCallback(cbdata); }
+int KLOcbsolutionp(void* cbdata, const double* solution, double* objP) {
+  return ::solution(cbdata, solution, objP);
+}
+int KLOcbcut(void* cbdata, int cutlen, const int* cutind, const double* cutval, char cutsense,
+             double cutrhs) {
+  return cut(cbdata, cutlen, cutind, cutval, cutsense, cutrhs);
+}
+int KLOcbcutp(void* cbdata, int cutlen, const int* cutind, const double* cutval, char cutsense,
+              double cutrhs) {
+  return cut(cbdata, cutlen, cutind, cutval, cutsense, cutrhs);
+}
+int KLOcbbranch(void* cbdata, int index, double value, int dir) {
+  return branch(cbdata, index, value, dir);
+}
+int KLOcbbranchp(void* cbdata, int index, double value, int dir) {
+  return branch(cbdata, index, value, dir);
+}
 
 }  // extern "C"

@@ -38,6 +38,7 @@ void deleteRows(ModelData& d, int n, const int* ind) {
   retain(d.rows, keep);
   d.rowNames.retain(keep);
   if (!d.rowBasis.empty()) retain(d.rowBasis, keep);
+  retain(d.lastRowBasis, keep);
 }
 
 void setRowBound(ModelData& d, int i, bool upper, double value) {

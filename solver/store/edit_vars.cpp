@@ -57,6 +57,7 @@ void deleteVars(ModelData& d, int n, const int* ind) {
   d.varNames.retain(keep);
   for (Objective& o : d.objectives) retain(o.coef, keep);
   if (!d.colBasis.empty()) retain(d.colBasis, keep);
+  retain(d.lastColBasis, keep);
   for (Row& r : d.rows) {
     renumber(r.lin, newIndex);
     if (r.nl) renumber(r.nl->quad, newIndex);

@@ -118,6 +118,10 @@ struct ModelData {
 
   // Basis statuses (KLO_BASIS_...): empty when none is known.
   std::vector<int> colBasis, rowBasis;
+  // The basis the last LP solve ended with, kept through changes of the
+  // model so that the next solve starts from it.  Deletions keep it in step;
+  // elements added since are missing from its end.
+  std::vector<int> lastColBasis, lastRowBasis;
 
   int numVars() const { return static_cast<int>(lb.size()); }
   int numRows() const { return static_cast<int>(rows.size()); }

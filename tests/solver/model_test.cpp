@@ -174,16 +174,6 @@ TEST_F(ModelLife, MultiObjectiveEnvironmentsAreMadeOnFirstUse) {
   EXPECT_NE(KLOgetmultiobjenv(model, 0), nullptr);
 }
 
-TEST_F(ModelLife, SolvingIsRefusedClearlyWithoutAnEngine) {
-  addVars(1);
-  EXPECT_EQ(KLOoptimize(model), KLO_ERROR_NOT_SUPPORTED);
-  EXPECT_NE(modelError().find("KLOoptimize"), std::string::npos);
-  EXPECT_EQ(KLOcomputeIIS(model), KLO_ERROR_NOT_SUPPORTED);
-  double f = 0;
-  EXPECT_EQ(KLOfeasrelax(model, 0, 0, nullptr, nullptr, nullptr, &f), KLO_ERROR_NOT_SUPPORTED);
-  EXPECT_EQ(intAttr("Status"), KLO_STATUS_UNSTARTED);
-}
-
 TEST_F(ModelLife, FreeingNullIsHarmless) { EXPECT_EQ(KLOfreemodel(nullptr), KLO_OK); }
 
 }  // namespace

@@ -1,0 +1,119 @@
+#include "solve/objectives.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <numeric>
+
+#include "engine/engine.h"
+#include "klo_c.h"
+#include "solve/problem_from_model.h"
+
+namespace klo {
+namespace {
+
+// One pass: the blend of the objectives of one priority.
+struct Pass {
+  std::vector<double> coef;
+  double constant = 0.0;
+  double absTol = 0.0;
+  double relTol = 0.0;
+};
+
+void blendInto(Pass& pass, const Objective& o) {
+  if (pass.coef.empty()) pass.coef.assign(o.coef.size(), 0.0);
+  for (size_t j = 0; j < o.coef.size(); ++j) pass.coef[j] += o.weight * o.coef[j];
+  pass.constant += o.weight * o.constant;
+  pass.absTol = std::max(pass.absTol, o.absTol);
+  pass.relTol = std::max(pass.relTol, o.relTol);
+}
+
+// Passes in falling priority; equal priorities blend by weight.
+std::vector<Pass> passesOf(const ModelData& d) {
+  std::vector<int> order(d.objectives.size());
+  std::iota(order.begin(), order.end(), 0);
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+    return d.objectives[a].priority > d.objectives[b].priority;
+  });
+  std::vector<Pass> out;
+  for (size_t k = 0; k < order.size(); ++k) {
+    const Objective& o = d.objectives[order[k]];
+    if (k == 0 || o.priority != d.objectives[order[k - 1]].priority) out.emplace_back();
+    blendInto(out.back(), o);
+  }
+  return out;
+}
+
+double linearValue(const std::vector<double>& coef, double constant, const std::vector<double>& x) {
+  double v = constant;
+  for (size_t j = 0; j < coef.size() && j < x.size(); ++j) v += coef[j] * x[j];
+  return v;
+}
+
+// Keeps the pass's objective within its tolerance of the value reached.
+void holdPass(engine::Problem& p, const Pass& pass, double reached, int sense) {
+  const double slack = std::max(pass.absTol, pass.relTol * std::fabs(reached));
+  const double bound = reached - pass.constant;
+  if (sense == 1)
+    appendDenseRow(p, pass.coef, -engine::kInfinity, bound + slack);
+  else
+    appendDenseRow(p, pass.coef, bound - slack, engine::kInfinity);
+}
+
+template <class T>
+void cutTo(std::vector<T>& v, size_t n) {
+  if (v.size() > n) v.resize(n);
+}
+
+// The last pass's result in terms of the model: its rows, objective 0.
+void finish(engine::Result& r, const ModelData& d, const engine::Result& totals) {
+  const size_t rows = d.rows.size();
+  cutTo(r.duals, rows);
+  cutTo(r.activities, rows);
+  cutTo(r.rowBasis, rows);
+  cutTo(r.dualRay, rows);
+  const Objective& o = d.objectives[0];
+  if (r.hasSolution) r.objective = linearValue(o.coef, o.constant, r.x);
+  for (engine::PoolSolution& s : r.pool) s.objective = linearValue(o.coef, o.constant, s.x);
+  r.simplexIterations += totals.simplexIterations;
+  r.barrierIterations += totals.barrierIterations;
+  r.nodeCount += totals.nodeCount;
+  r.presolveTime += totals.presolveTime;
+  r.solverTime += totals.solverTime;
+}
+
+void addTotals(engine::Result& totals, const engine::Result& r) {
+  totals.simplexIterations += r.simplexIterations;
+  totals.barrierIterations += r.barrierIterations;
+  totals.nodeCount += r.nodeCount;
+  totals.presolveTime += r.presolveTime;
+  totals.solverTime += r.solverTime;
+}
+
+}  // namespace
+
+engine::Result solveObjectives(const engine::Problem& base, const ModelData& d,
+                               const engine::Settings& settings, const engine::Callback& cb) {
+  const auto started = std::chrono::steady_clock::now();
+  const std::vector<Pass> passes = passesOf(d);
+  engine::Problem p = base;
+  engine::Result r, totals;
+  for (size_t k = 0; k < passes.size(); ++k) {
+    p.obj = passes[k].coef;
+    p.objConstant = passes[k].constant;
+    engine::Settings s = settings;
+    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - started;
+    if (s.maxTime < engine::kInfinity) s.maxTime = std::max(0.0, s.maxTime - spent.count());
+    r = engine::engineFor(p)->solve(p, s, cb);
+    if (k + 1 == passes.size() || r.status != KLO_STATUS_OPTIMAL) break;
+    addTotals(totals, r);
+    holdPass(p, passes[k], r.objective, d.sense);
+    p.startValues = r.x;  // still feasible: a start for the next pass
+    p.colBasis = r.colBasis;
+    p.rowBasis = r.rowBasis;
+  }
+  finish(r, d, totals);
+  return r;
+}
+
+}  // namespace klo

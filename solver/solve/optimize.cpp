@@ -1,0 +1,36 @@
+#include "solve/optimize.h"
+
+#include <chrono>
+#include <string>
+
+#include "common/error.h"
+#include "engine/engine.h"
+#include "solve/objectives.h"
+#include "solve/problem_from_model.h"
+#include "solve/settings_from_params.h"
+#include "solve/store_result.h"
+#include "solve/unsupported.h"
+#include "solve/user_callback.h"
+
+namespace klo {
+
+BusyModel::BusyModel(KLOmodel& m, const char* what) : m_(m) {
+  if (m.busy)
+    fail(KLO_ERROR_BUSY, std::string(what) + ": the model is being solved (called from its own callback)");
+  m.busy = true;
+}
+
+void optimize(KLOmodel& m) {
+  BusyModel busy(m, "KLOoptimize");
+  const auto started = std::chrono::steady_clock::now();
+  refuseUnsupported(m.data, "KLOoptimize");
+  const engine::Problem p = problemFromModel(m.data);
+  const engine::Settings s = settingsFromParams(m.env);
+  const engine::Callback cb = userCallback(m);
+  engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
+                                                  : engine::engineFor(p)->solve(p, s, cb);
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
+  storeResult(m, std::move(r), seconds.count());
+}
+
+}  // namespace klo

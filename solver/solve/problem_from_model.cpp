@@ -1,0 +1,69 @@
+#include "solve/problem_from_model.h"
+
+#include <algorithm>
+
+namespace klo {
+namespace {
+
+void addRows(engine::Problem& p, const ModelData& d) {
+  p.columnMajor = false;  // the store keeps rows: no transposition needed
+  size_t nnz = 0;
+  for (const Row& r : d.rows) nnz += r.lin.ind.size();
+  p.index.reserve(nnz);
+  p.value.reserve(nnz);
+  p.start.reserve(d.rows.size() + 1);
+  p.rowLower.reserve(d.rows.size());
+  p.rowUpper.reserve(d.rows.size());
+  for (const Row& r : d.rows) {
+    p.rowLower.push_back(r.lower);
+    p.rowUpper.push_back(r.upper);
+    p.index.insert(p.index.end(), r.lin.ind.begin(), r.lin.ind.end());
+    p.value.insert(p.value.end(), r.lin.val.begin(), r.lin.val.end());
+    p.start.push_back(static_cast<int>(p.index.size()));
+  }
+}
+
+void addStart(engine::Problem& p, const ModelData& d) {
+  auto set = [](double v) { return v < engine::kUndefined; };
+  if (std::none_of(d.start.begin(), d.start.end(), set)) return;
+  p.startValues = d.start;
+  for (double& v : p.startValues)
+    if (!set(v)) v = engine::kUndefined;
+}
+
+void addBasis(engine::Problem& p, const ModelData& d) {
+  const bool user = !d.colBasis.empty() || !d.rowBasis.empty();
+  p.colBasis = user ? d.colBasis : d.lastColBasis;
+  p.rowBasis = user ? d.rowBasis : d.lastRowBasis;
+}
+
+}  // namespace
+
+engine::Problem problemFromModel(const ModelData& d) {
+  engine::Problem p;
+  p.obj = d.obj();
+  p.colLower = d.lb;
+  p.colUpper = d.ub;
+  p.colType = d.type;
+  addRows(p, d);
+  p.sense = d.sense;
+  p.objConstant = d.objectives[0].constant;
+  for (const Sos& s : d.sos) p.sos.push_back(engine::SosSet{s.type, s.members, s.weights});
+  addStart(p, d);
+  addBasis(p, d);
+  return p;
+}
+
+void appendDenseRow(engine::Problem& p, const std::vector<double>& coef, double lower,
+                    double upper) {
+  for (size_t j = 0; j < coef.size(); ++j) {
+    if (coef[j] == 0.0) continue;
+    p.index.push_back(static_cast<int>(j));
+    p.value.push_back(coef[j]);
+  }
+  p.start.push_back(static_cast<int>(p.index.size()));
+  p.rowLower.push_back(lower);
+  p.rowUpper.push_back(upper);
+}
+
+}  // namespace klo

@@ -1,0 +1,141 @@
+// The user's callback through the C interface: what it sees, how it stops
+// a solve, and that the model cannot be changed or solved from inside it.
+#include <cmath>
+#include <vector>
+
+#include "solve_fixture.h"
+
+namespace klotest {
+namespace {
+
+struct Seen {
+  KLOmodel* model = nullptr;
+  int numVars = 0;
+  std::vector<double> incumbents;   // objectives at KLO_CB_MIPSOL
+  std::vector<double> lastSolution;  // the last incumbent's values
+  int simplexCalls = 0;
+  int nodeCalls = 0;
+  int optimizeInside = 0;   // KLOoptimize from inside
+  int changeInside = 0;     // a change from inside
+  int freeInside = 0;       // KLOfreemodel from inside
+  bool stopAtFirstIncumbent = false;
+  int badGets = 0;  // information refused at the wrong location
+};
+
+int recorder(const void* model, void* cbdata, int where, const void* usrdata) {
+  Seen& s = *static_cast<Seen*>(const_cast<void*>(usrdata));
+  EXPECT_EQ(model, s.model);
+  int n = 0;
+  EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_NUMVARS, &n), KLO_OK);
+  EXPECT_EQ(n, s.numVars);
+  if (where == KLO_CB_SIMPLEX) {
+    ++s.simplexCalls;
+    const double* x = nullptr;
+    if (KLOcbget(cbdata, where, KLO_CBINFO_SOLUTION_IDX, &x) != KLO_OK) ++s.badGets;
+  }
+  if (where == KLO_CB_MIPNODE) ++s.nodeCalls;
+  if (where != KLO_CB_MIPSOL) return 0;
+  double obj = 0;
+  EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_OBJBEST, &obj), KLO_OK);
+  const double* x = nullptr;
+  EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_SOLUTION_IDX, &x), KLO_OK);
+  if (x) s.lastSolution.assign(x, x + n);
+  s.incumbents.push_back(obj);
+  KLOmodel* m = const_cast<KLOmodel*>(static_cast<const KLOmodel*>(model));
+  s.optimizeInside = KLOoptimize(m);
+  s.changeInside = KLOsetdblattrelement(m, "UB", 0, 0.0);
+  s.freeInside = KLOfreemodel(m);
+  return s.stopAtFirstIncumbent ? KLO_CB_STOP : 0;
+}
+
+class SolveCallback : public SolveTest {
+ protected:
+  void registerRecorder() {
+    seen.model = model;
+    seen.numVars = intAttr("NumVars");
+    ASSERT_EQ(KLOsetcallbackfunc(model, recorder, &seen), KLO_OK);
+  }
+  Seen seen;
+};
+
+TEST_F(SolveCallback, IncumbentsAreSeenAndTheModelStaysLocked) {
+  readInstance("p0033.mps.gz");
+  setInt("Presolve", 0);
+  registerRecorder();
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  ASSERT_FALSE(seen.incumbents.empty());
+  for (size_t k = 1; k < seen.incumbents.size(); ++k)
+    EXPECT_LE(seen.incumbents[k], seen.incumbents[k - 1] + 1e-9) << "improving (minimising)";
+  EXPECT_NEAR(seen.incumbents.back(), dbl("ObjVal"), 1e-6);
+  std::vector<double> x = dblArray("X", seen.numVars);
+  ASSERT_EQ(seen.lastSolution.size(), x.size());
+  for (size_t j = 0; j < x.size(); ++j) EXPECT_NEAR(seen.lastSolution[j], x[j], 1e-6);
+  EXPECT_EQ(seen.optimizeInside, KLO_ERROR_BUSY);
+  EXPECT_EQ(seen.changeInside, KLO_ERROR_BUSY);
+  EXPECT_EQ(seen.freeInside, KLO_ERROR_BUSY);
+  EXPECT_NEAR(dblAt("UB", 0), 1.0, 0) << "the change from inside was refused";
+}
+
+TEST_F(SolveCallback, ReturningStopInterruptsWithTheIncumbentKept) {
+  readInstance("stein27.mps.gz");
+  setInt("Presolve", 0);
+  seen.stopAtFirstIncumbent = true;
+  registerRecorder();
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_INTERRUPTED);
+  ASSERT_EQ(seen.incumbents.size(), 1u);
+  ASSERT_EQ(intAttr("HasSolution"), 1);
+  EXPECT_NEAR(dbl("ObjVal"), seen.incumbents[0], 1e-6);
+}
+
+TEST_F(SolveCallback, SimplexIterationsReachTheCallback) {
+  readInstance("afiro.mps.gz");
+  setInt("Presolve", 0);
+  registerRecorder();
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  EXPECT_GT(seen.simplexCalls, 0);
+  EXPECT_EQ(seen.badGets, seen.simplexCalls) << "no incumbent during the simplex method";
+}
+
+int stopper(const void*, void*, int where, const void*) {
+  return where == KLO_CB_SIMPLEX ? KLO_CB_STOP : 0;
+}
+
+TEST_F(SolveCallback, StopDuringTheSimplexMethod) {
+  readInstance("25fv47.mps.gz");
+  setInt("Presolve", 0);
+  ASSERT_EQ(KLOsetcallbackfunc(model, stopper, nullptr), KLO_OK);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_INTERRUPTED);
+  EXPECT_LE(intAttr("SPX/NumIters"), 5);
+}
+
+// Kept past its callback, cbdata is refused rather than followed.
+void* kept = nullptr;
+int keeper(const void*, void* cbdata, int, const void*) {
+  kept = cbdata;
+  return 0;
+}
+
+TEST_F(SolveCallback, CallbackFunctionsOutsideACallbackAreRefused) {
+  int n = 0;
+  const double x[] = {0};
+  EXPECT_EQ(KLOcbget(nullptr, KLO_CB_MIP, KLO_CBINFO_NUMVARS, &n), KLO_ERROR_NULL_ARGUMENT);
+  readInstance("afiro.mps.gz");
+  ASSERT_EQ(KLOsetcallbackfunc(model, keeper, nullptr), KLO_OK);
+  optimize();
+  ASSERT_NE(kept, nullptr);
+  EXPECT_EQ(KLOcbget(kept, KLO_CB_SIMPLEX, KLO_CBINFO_NUMVARS, &n), KLO_ERROR_NOT_IN_CALLBACK);
+  EXPECT_EQ(KLOcbsolution(kept, x, nullptr), KLO_ERROR_NOT_IN_CALLBACK);
+  EXPECT_EQ(KLOcbsolutionp(kept, x, nullptr), KLO_ERROR_NOT_IN_CALLBACK);
+  const int ind[] = {0};
+  EXPECT_EQ(KLOcbcut(kept, 1, ind, x, '<', 1), KLO_ERROR_NOT_IN_CALLBACK);
+  EXPECT_EQ(KLOcbcutp(kept, 1, ind, x, '<', 1), KLO_ERROR_NOT_IN_CALLBACK);
+  EXPECT_EQ(KLOcbbranch(kept, 0, 0.5, 0), KLO_ERROR_NOT_IN_CALLBACK);
+  EXPECT_EQ(KLOcbbranchp(kept, 0, 0.5, 0), KLO_ERROR_NOT_IN_CALLBACK);
+}
+
+}  // namespace
+}  // namespace klotest

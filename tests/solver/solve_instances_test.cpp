@@ -1,0 +1,63 @@
+// Every shared instance read with KLOreadmodel and solved with KLOoptimize
+// to the optimal objective of index.csv: LPs to a relative 1e-6, MIPs
+// within the gap tolerances the search stops at.
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "solve_fixture.h"
+
+namespace klotest {
+namespace {
+
+struct Instance {
+  std::string name, kind, file;
+  double objective = 0.0;
+};
+
+std::vector<Instance> readIndex() {
+  std::vector<Instance> out;
+  std::ifstream in(std::string(KLO_INSTANCES_DIR) + "/index.csv");
+  std::string line;
+  std::getline(in, line);  // name,kind,file,rows,cols,integers,objective
+  while (std::getline(in, line)) {
+    std::stringstream ss(line);
+    std::vector<std::string> f;
+    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
+    if (f.size() == 7) out.push_back(Instance{f[0], f[1], f[2], std::stod(f[6])});
+  }
+  return out;
+}
+
+class SolveInstance : public SolveTest, public ::testing::WithParamInterface<Instance> {};
+
+TEST_P(SolveInstance, ReachesTheKnownOptimum) {
+  const Instance& inst = GetParam();
+  readInstance(inst.file);
+  optimize();
+  ASSERT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  const double obj = dbl("ObjVal"), bound = dbl("DualObjVal");
+  const double scale = std::max(1.0, std::fabs(inst.objective));
+  if (inst.kind == "LP") {
+    EXPECT_NEAR(obj, inst.objective, 1e-6 * scale);
+    EXPECT_NEAR(bound, obj, 1e-6 * scale);
+    return;
+  }
+  // index.csv rounds some optima to a few digits, hence the absolute term.
+  double gapAbs = 0, gapRel = 0;
+  ASSERT_EQ(KLOgetdblparam(KLOgetenv(model), "MIP/GapAbs", &gapAbs), KLO_OK);
+  ASSERT_EQ(KLOgetdblparam(KLOgetenv(model), "MIP/GapRel", &gapRel), KLO_OK);
+  const double allowed = std::max(gapAbs, gapRel * std::fabs(obj)) + 1e-6 * scale;
+  EXPECT_NEAR(obj, inst.objective, allowed);
+  EXPECT_LE(std::fabs(obj - bound), allowed);
+  EXPECT_LE(dbl("MIP/GapAbs"), allowed);
+}
+
+std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
+  return "i" + info.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Shared, SolveInstance, ::testing::ValuesIn(readIndex()), instanceName);
+
+}  // namespace
+}  // namespace klotest

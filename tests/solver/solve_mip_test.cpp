@@ -1,0 +1,158 @@
+// Mixed-integer programs through the C interface: knapsack, SOS sets,
+// limits with the best solution kept, the pool, starts and cutoffs.
+#include <cmath>
+
+#include "solve_fixture.h"
+
+namespace klotest {
+namespace {
+
+class SolveMip : public SolveTest {
+ protected:
+  // max 10a + 13b + 7c + 8d + 4e  s.t.  3a + 4b + 2c + 3d + e <= 7, binary.
+  // The sets that fit: a+b 23, b+d 21, a+d+e 22, a+c+e 21, c+d+e 19 and
+  // b+c+e 24 (weight 7): the optimum is b, c, e with 24.
+  void knapsack() {
+    sense(KLO_MAXIMIZE);
+    const double value[] = {10, 13, 7, 8, 4}, weight[] = {3, 4, 2, 3, 1};
+    std::vector<std::pair<int, double>> terms;
+    for (int j = 0; j < 5; ++j) terms.emplace_back(var(value[j], 0, 1, 'B'), weight[j]);
+    row(terms, '<', 7);
+  }
+};
+
+TEST_F(SolveMip, KnapsackOptimum) {
+  knapsack();
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(dbl("ObjVal"), 24, 1e-6);
+  EXPECT_NEAR(dbl("DualObjVal"), 24, 1e-6) << "the bound meets the optimum";
+  EXPECT_LE(dbl("MIP/GapAbs"), 1e-6);
+  EXPECT_LE(dbl("MIP/GapRel"), 1e-4);
+  std::vector<double> x = dblArray("X", 5);
+  const double want[] = {0, 1, 1, 0, 1};
+  for (int j = 0; j < 5; ++j) EXPECT_NEAR(x[j], want[j], 1e-6) << j;
+  EXPECT_NEAR(dblAt("Activity", 0), 7, 1e-6);
+  EXPECT_GE(intAttr("SolCount"), 1);
+  double v = 0;
+  EXPECT_EQ(KLOgetdblattrelement(model, "RC", 0, &v), KLO_ERROR_DATA_NOT_AVAILABLE)
+      << "no reduced costs for a MIP";
+}
+
+// max 3x0 + x1 + 3x2, x in [0, 1].  Unrestricted: all three, 7.  SOS1
+// (one non-zero): 3.  SOS2 (two neighbours in weight order): x0 + x1 or
+// x1 + x2, 4.
+TEST_F(SolveMip, SosSetsRestrictTheNonZeros) {
+  for (int type : {1, 2}) {
+    SCOPED_TRACE(type);
+    KLOfreemodel(model);
+    ASSERT_EQ(KLOnewmodel(env, &model, "sos", 0, nullptr, nullptr, nullptr, nullptr, nullptr),
+              KLO_OK);
+    sense(KLO_MAXIMIZE);
+    var(3, 0, 1);
+    var(1, 0, 1);
+    var(3, 0, 1);
+    const int beg[] = {0}, ind[] = {0, 1, 2};
+    const double w[] = {1, 2, 3};
+    ASSERT_EQ(KLOaddsos(model, 1, 3, &type, beg, ind, w), KLO_OK);
+    optimize();
+    EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+    EXPECT_NEAR(dbl("ObjVal"), type == 1 ? 3 : 4, 1e-6);
+    std::vector<double> x = dblArray("X", 3);
+    int nonzeros = 0;
+    for (double v : x) nonzeros += std::fabs(v) > 1e-6;
+    EXPECT_EQ(nonzeros, type);
+  }
+}
+
+// stein27 needs hundreds of nodes (optimum 18): each limit stops it early
+// with its own status and a feasible solution no better than the optimum.
+TEST_F(SolveMip, LimitsStopWithTheBestSolutionReadable) {
+  struct Case {
+    const char* param;
+    double value;
+    int status;
+  };
+  const Case cases[] = {{"MIP/MaxNodes", 10, KLO_STATUS_NODE_LIMIT},
+                        {"MIP/MaxSols", 1, KLO_STATUS_SOLUTION_LIMIT},
+                        {"MaxTime", 0.3, KLO_STATUS_TIME_LIMIT}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.param);
+    readInstance("stein27.mps.gz");
+    if (std::string(c.param) == "MaxTime")
+      setDbl(c.param, c.value);
+    else
+      setInt(c.param, static_cast<int>(c.value));
+    optimize();
+    EXPECT_EQ(intAttr("Status"), c.status);
+    ASSERT_EQ(intAttr("HasSolution"), 1);
+    EXPECT_GE(dbl("ObjVal"), 18 - 1e-6);
+    EXPECT_LE(dbl("DualObjVal"), dbl("ObjVal") + 1e-6);
+    EXPECT_NEAR(dbl("MIP/GapAbs"), dbl("ObjVal") - dbl("DualObjVal"), 1e-6);
+    std::vector<double> x = dblArray("X", 27);
+    for (double v : x) EXPECT_NEAR(v, std::round(v), 1e-6);
+  }
+}
+
+TEST_F(SolveMip, PoolSolutionsAreReadByNumber) {
+  readInstance("stein27.mps.gz");
+  setInt("MIP/SolutionPoolSize", 5);
+  optimize();
+  const int count = intAttr("SolCount");
+  ASSERT_GE(count, 1);
+  EXPECT_LE(count, 5);
+  double previous = -1e30;
+  for (int k = 0; k < count; ++k) {
+    setInt("MIP/SolutionNumber", k);
+    double objective = dbl("PoolNObjVal");
+    EXPECT_GE(objective, previous - 1e-9) << "best first (minimising)";
+    previous = objective;
+    std::vector<double> xn = dblArray("Xn", 27);
+    double sum = 0;
+    for (double v : xn) sum += v;  // stein27's objective counts the ones
+    EXPECT_NEAR(sum, objective, 1e-6);
+  }
+  setInt("MIP/SolutionNumber", count);
+  double v = 0;
+  EXPECT_EQ(KLOgetdblattr(model, "PoolNObjVal", &v), KLO_ERROR_DATA_NOT_AVAILABLE);
+}
+
+// With no nodes allowed and heuristics off, the solution can only be the
+// start given: a+d+e (22).
+TEST_F(SolveMip, StartIsUsed) {
+  knapsack();
+  const double start[] = {1, 0, 0, 1, 1};
+  ASSERT_EQ(KLOsetdblattrarray(model, "Start", 0, 5, start), KLO_OK);
+  setInt("MIP/MaxNodes", 0);
+  setInt("MIP/LevelHeurs", 0);
+  setInt("MIP/LevelCuts", 0);
+  optimize();
+  ASSERT_EQ(intAttr("HasSolution"), 1);
+  EXPECT_GE(dbl("ObjVal"), 22 - 1e-6);
+}
+
+// A cutoff above the optimum (maximising: 25 > 24) leaves nothing to find.
+TEST_F(SolveMip, CutoffInTheModelsSense) {
+  knapsack();
+  setDbl("MIP/Cutoff", 25);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_CUTOFF);
+  EXPECT_EQ(intAttr("HasSolution"), 0);
+  setDbl("MIP/Cutoff", 20);
+  optimize();
+  EXPECT_NEAR(dbl("ObjVal"), 24, 1e-6);
+}
+
+// x + y >= 3 with binaries x, y.
+TEST_F(SolveMip, InfeasibleStatus) {
+  var(1, 0, 1, 'B');
+  var(1, 0, 1, 'B');
+  row({{0, 1}, {1, 1}}, '>', 3);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_INFEASIBLE);
+  EXPECT_EQ(intAttr("HasSolution"), 0);
+  EXPECT_EQ(intAttr("SolCount"), 0);
+}
+
+}  // namespace
+}  // namespace klotest
