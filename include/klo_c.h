@@ -534,7 +534,95 @@ int KLOwrite(KLOmodel *model, const char *filename);
  *  continuous, SOS and indicator constraints are dropped. */
 int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
 
-/** Solves the model (see "Status" and the result attributes). */
+/** Solves the model (see "Status" and the result attributes).
+ *
+ *  Engines.  A model without integer or binary variables and without SOS
+ *  sets is a linear program, solved by Clp: dual simplex by default,
+ *  "Method" 0 primal simplex, 1 dual simplex, 2 barrier followed by a
+ *  crossover to a basic solution.  A model with integer or binary
+ *  variables or SOS sets (type 1 and 2) is solved by Cbc with its cut
+ *  generators and heuristics, starting from "Start" when values are set.
+ *  A model with several objectives (KLOsetobjectiven) is solved in passes:
+ *  objectives of equal priority are blended by their weights, higher
+ *  priorities first, and each later pass keeps the earlier passes'
+ *  objectives within their "ObjNAbsTol"/"ObjNRelTol" of the value reached;
+ *  "ObjVal" is then the value of objective 0, "ObjNVal" that of each
+ *  objective, and "DualSoln", "RC", "DualObjVal" and the gaps are those of
+ *  the last pass.  Quadratic terms (objective or rows), PSD variables,
+ *  indicator constraints and semi-continuous or semi-integer variables have
+ *  no engine yet: KLO_ERROR_NOT_SUPPORTED, with the feature named by
+ *  KLOgeterrormsg.
+ *
+ *  Results.  After a solve "Status" holds its outcome; with a limit status
+ *  the best solution found so far stays readable ("HasSolution").  LPs
+ *  give "X", "RC", "DualSoln", "Activity", "ColBasis", "RowBasis",
+ *  "DualObjVal" (the dual objective), "SPX/NumIters", "IPM/NumIters", and
+ *  "HasDualRay" when infeasible or "HasPrimalRay" when unbounded.  MIPs
+ *  give "X", "Activity", "DualObjVal" (the best bound), "MIP/GapAbs",
+ *  "MIP/GapRel", "SolCount" and the pool ("Xn", "PoolNObjVal", best first,
+ *  at most "MIP/SolutionPoolSize" solutions, chosen by
+ *  "MIP/SolutionNumber"); an LP's solution is its pool solution 0.
+ *
+ *  Signs of duals and reduced costs, for minimisation and maximisation
+ *  alike: the dual of a row is the rate at which the optimal objective
+ *  changes when the row's active bound is raised; the reduced cost of a
+ *  variable is d_j = c_j - sum_i y_i a_ij, the rate for its active bound.
+ *  Minimising, a binding >= row has a dual >= 0, a binding <= row a dual
+ *  <= 0, a variable at its lower bound a reduced cost >= 0; maximising, all
+ *  these signs flip.  In both senses c = A'y + d.
+ *
+ *  Warm starts.  The basis an LP solve ends with is kept through later
+ *  changes of bounds, objective, rows and variables (deletions keep it in
+ *  step; added variables start at a bound, added rows basic), and the next
+ *  LP solve starts from it, without presolve.  A basis set through
+ *  "ColBasis"/"RowBasis" (or a ".bas" file) takes its place for the next
+ *  solve.  KLOreset forgets the kept basis.
+ *
+ *  Parameters honoured (LP: Clp; MIP: Cbc):
+ *    "Method"                LP; the MIP's root relaxation uses Cbc's own choice
+ *    "Presolve"              LP: Clp's presolve (skipped on a warm start);
+ *                            MIP: 0 turns presolve and preprocessing off
+ *    "MaxTime"               both, wall-clock seconds (KLO_STATUS_TIME_LIMIT)
+ *    "SPX/MaxIterations"     LP (KLO_STATUS_ITERATION_LIMIT)
+ *    "SPX/PrimalTolerance", "SPX/DualTolerance"  both (the MIP's LPs too)
+ *    "IPM/MaxIterations", "IPM/PrimalTolerance", "IPM/DualTolerance"  barrier
+ *    "MIP/MaxNodes", "MIP/MaxSols", "MIP/GapAbs", "MIP/GapRel",
+ *    "MIP/Cutoff", "MIP/IntegerTolerance", "MIP/SolutionPoolSize"  MIP
+ *    "MIP/LevelCuts"         MIP: 0 off, 1 root only, -1 and 2 default, 3 every node
+ *    "MIP/LevelHeurs"        MIP: 0 off, 1 rounding and pump, -1 and 2 default,
+ *                            3 adds the neighbourhood searches
+ *    "MIP/EnableLazyConstr"  MIP with a callback: cuts given at KLO_CB_MIPSOL are
+ *                            lazy constraints
+ *    "NumThreads"            MIP: more than 1 runs Cbc's threads, except with a
+ *                            callback (which runs on one thread); LP: serial
+ *    "OutputFlag", "LogToConsole", "LogFile"  where the engines' log goes:
+ *                            messages, a MIP progress line each second (time,
+ *                            nodes, incumbent, bound, gap) and a summary line
+ *  Accepted and not used by these engines: "PostScaling", "Dualization",
+ *  "EnableNetworkFlow", "EnableStochasticLP", "NumericFocus",
+ *  "SPX/ColumnGeneration", "SPX/CrashStart", "SPX/PrimalPricing",
+ *  "SPX/DualPricing", "IPM/NumericFocus", "IPM/GapTolerance" (Clp's barrier
+ *  has a fixed gap rule), "PresolveTolerance", "MIP/LevelProbing",
+ *  "MIP/LevelStrong", "MIP/LevelSubmip", "MIP/RootParallelism",
+ *  "MIP/AutoConfiguration", "MIP/AllowDualPresolve", "MIP/Disconnected",
+ *  "MIP/DetectDisconnectedComponents", "MIP/MaxStallingNodes",
+ *  "MIP/Static", "MIP/ObjectiveTolerance", "MIP/Heuristics",
+ *  "MIP/NoRelHeurWork", "MIP/LinearizationBigM" (indicator constraints are
+ *  not solved yet), "SolutionTarget" (LP solutions are always basic) and
+ *  the "PDHG/..." parameters.  "MIP/SolutionNumber" and "ObjNumber" choose
+ *  what attributes read.  The parameters of the model's own environment
+ *  apply to every pass of a multi-objective solve.
+ *
+ *  Callbacks (KLOsetcallbackfunc) are called at KLO_CB_SIMPLEX (each
+ *  simplex iteration), KLO_CB_BARRIER (each barrier iteration), KLO_CB_MIP
+ *  (search progress), KLO_CB_MIPSOL (each new incumbent) and KLO_CB_MIPNODE
+ *  (node relaxations; the root and the nodes Cbc solves inside its own LP
+ *  solver are not all seen); KLO_CB_POLLING, KLO_CB_PRESOLVE and
+ *  KLO_CB_MESSAGE are not raised.  With a callback the MIP runs without
+ *  preprocessing, so that the callback sees the model's own columns.
+ *  During the solve the model is busy: changing, freeing or solving it
+ *  from its callback gives KLO_ERROR_BUSY.  A failed KLOoptimize leaves
+ *  the model, and the results of an earlier solve, as they were. */
 int KLOoptimize(KLOmodel *model);
 
 /** Computes an irreducible infeasible subsystem of an infeasible model
@@ -805,6 +893,14 @@ int KLOsetmatattrelement(KLOmodel *model, const char *attrname, int element, int
 
 /* ========================================================================
  * Inside a running callback (cbdata as passed to the callback function)
+ *
+ * cbdata is valid only while the callback that received it runs: null
+ * gives KLO_ERROR_NULL_ARGUMENT, a cbdata kept past its callback (or
+ * passed from another thread) KLO_ERROR_NOT_IN_CALLBACK.  A request that
+ * does not belong to the callback's location gives
+ * KLO_ERROR_CALLBACK_WHERE, an unknown information code
+ * KLO_ERROR_CALLBACK_INFO.  The "...p" (index) variants behave as the
+ * others: both address the model's own columns.
  * ======================================================================== */
 
 /** Reads information code what (KLO_CBINFO_...) into *resultP: an int, a
