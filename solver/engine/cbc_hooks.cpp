@@ -12,6 +12,7 @@ namespace klo::engine {
 CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
   SearchState& s = *state_;
   if (model_->parentModel()) return noAction;  // a sub-search of a heuristic
+  std::lock_guard<std::mutex> lock(s.eventMutex);
   if (e == node) {
     s.branchRequest.column = -1;  // a request lasts for its own node only
     s.observe(*model_);

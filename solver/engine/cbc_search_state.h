@@ -8,6 +8,7 @@
 #include <OsiCuts.hpp>
 #include <OsiRowCut.hpp>
 
+#include <mutex>
 #include <vector>
 
 #include "engine/callback_context.h"
@@ -55,6 +56,7 @@ class SearchState : public CallbackActions {
   std::vector<PoolSolution> incumbents;
   OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
   BranchRequest branchRequest;      // for the node being processed
+  std::mutex eventMutex;            // Cbc's threads raise events concurrently
   std::vector<OsiRowCut> lazyRows;  // lazy constraints given so far
 
   bool violatesLazyRow(const double* x) const;
