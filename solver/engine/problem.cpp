@@ -60,6 +60,10 @@ void checkProblem(const Problem& p) {
   require(p.startValues.empty() || p.startValues.size() == n, "start values need one per column");
   require(p.colBasis.size() <= n && p.rowBasis.size() <= p.rowLower.size(),
           "basis longer than the problem");
+  for (const std::vector<int>* basis : {&p.colBasis, &p.rowBasis})
+    for (int code : *basis)
+      require(code >= KLO_BASIS_LOWER && code <= KLO_BASIS_FIXED,
+              "basis code " + std::to_string(code) + " is not a KLO_BASIS_... value");
   require(!std::isnan(p.objConstant), "objective constant is NaN");
   checkValues(p.obj, "obj");
   checkValues(p.colLower, "colLower");

@@ -3,6 +3,8 @@
 // d_j = c_j - sum_i y_i a_ij, in minimisation and maximisation alike.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "common/error.h"
 #include "klo_c.h"
 #include "problem_builder.h"
@@ -135,15 +137,29 @@ TEST(LpSolutions, ColumnMajorMatrixGivesTheSameAnswer) {
   expectVector(r.duals, {1.5, 0.5});
 }
 
-TEST(LpSolutions, MalformedProblemIsRefusedWithItsReason) {
-  Problem p = minGreaterRows();
-  p.index[1] = 7;  // no such column
-  try {
-    solveLp(p);
-    FAIL() << "expected an error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.code, KLO_ERROR_INVALID_ARGUMENT);
-    EXPECT_NE(e.message.find("index out of range"), std::string::npos) << e.message;
+TEST(LpSolutions, MalformedProblemsAreRefusedWithTheirReason) {
+  struct Case {
+    const char* reason;
+    void (*spoil)(Problem&);
+  };
+  const Case cases[] = {
+      {"index out of range", [](Problem& p) { p.index[1] = 7; }},
+      {"column arrays differ", [](Problem& p) { p.colLower.pop_back(); }},
+      {"obj[0] is NaN", [](Problem& p) { p.obj[0] = std::nan(""); }},
+      {"column type", [](Problem& p) { p.colType[0] = 'S'; }},
+      {"basis code 9", [](Problem& p) { p.colBasis = {9, 1}; }},
+      {"matrix start", [](Problem& p) { p.start.pop_back(); }},
+  };
+  for (const Case& c : cases) {
+    Problem p = minGreaterRows();
+    c.spoil(p);
+    try {
+      solveLp(p);
+      ADD_FAILURE() << "accepted: " << c.reason;
+    } catch (const Error& e) {
+      EXPECT_EQ(e.code, KLO_ERROR_INVALID_ARGUMENT);
+      EXPECT_NE(e.message.find(c.reason), std::string::npos) << e.message;
+    }
   }
 }
 
