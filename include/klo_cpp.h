@@ -896,6 +896,7 @@ private:
 
     void append(const KLOQuadExpr& q, double sign);
     void appendTerm(double coeff, const KLOVar& var1, const KLOVar& var2);
+    void reserve(std::size_t terms);
     void scale(double d, bool divide);
     friend KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b);
     friend KLOQuadExpr operator*(KLOVar x, const KLOLinExpr& e);

@@ -98,6 +98,7 @@ KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b) {
         bc.push_back(b.getCoeff(j));
         bv.push_back(b.getVar(j));
     }
+    product.reserve(ac.size() * bc.size());
     for (std::size_t i = 0; i < ac.size(); ++i) {
         for (std::size_t j = 0; j < bc.size(); ++j) product.appendTerm(ac[i] * bc[j], av[i], bv[j]);
     }

@@ -64,6 +64,18 @@ void KLOQuadExpr::appendTerm(double coeff, const KLOVar& var1, const KLOVar& var
     vars2_->push_back(var2);
 }
 
+// Room for that many more quadratic terms: a product knows its size.
+void KLOQuadExpr::reserve(std::size_t terms) {
+    for (Vec<double>* v : {coeffs_.get()}) {
+        v->copyOnWrite();
+        v->vec->reserve(v->vec->size() + terms);
+    }
+    for (Vec<KLOVar>* v : {vars1_.get(), vars2_.get()}) {
+        v->copyOnWrite();
+        v->vec->reserve(v->vec->size() + terms);
+    }
+}
+
 void KLOQuadExpr::addTerms(const double* coeffs, const KLOVar* vars, int count) {
     linear_.addTerms(coeffs, vars, count);
 }
