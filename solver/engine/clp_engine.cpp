@@ -26,6 +26,7 @@
 #include <ClpEventHandler.hpp>
 #include <ClpPresolve.hpp>
 #include <ClpSimplex.hpp>
+#include <ClpSolve.hpp>
 
 #include <algorithm>
 #include <chrono>
@@ -97,9 +98,14 @@ class ClpRun {
   void load() {
     m_.passInMessageHandler(&handler_);
     m_.setLogLevel(std::max(0, s_.logLevel));
-    m_.loadProblem(packedMatrix(p_), coinBounds(p_.colLower).data(),
-                   coinBounds(p_.colUpper).data(), p_.obj.data(), coinBounds(p_.rowLower).data(),
-                   coinBounds(p_.rowUpper).data());
+    const std::vector<double> colLower = coinBounds(p_.colLower), colUpper = coinBounds(p_.colUpper),
+                              rowLower = coinBounds(p_.rowLower), rowUpper = coinBounds(p_.rowUpper);
+    if (p_.columnMajor)  // straight from our arrays: one copy fewer
+      m_.loadProblem(p_.numCols(), p_.numRows(), p_.start.data(), p_.index.data(), p_.value.data(),
+                     colLower.data(), colUpper.data(), p_.obj.data(), rowLower.data(), rowUpper.data());
+    else
+      m_.loadProblem(packedMatrix(p_), colLower.data(), colUpper.data(), p_.obj.data(),
+                     rowLower.data(), rowUpper.data());
     m_.setOptimizationDirection(p_.sense);
     m_.setPrimalTolerance(s_.primalTolerance);
     m_.setDualTolerance(s_.dualTolerance);
@@ -141,7 +147,21 @@ class ClpRun {
     return Outcome{model.status(), model.secondaryStatus(), true};
   }
 
+  // Simplex with presolve goes through ClpSolve, as Clp's own solver does:
+  // its postsolve and clean-up are cheaper than ours.
   Outcome solvePresolved() {
+    if (s_.method == LpMethod::Barrier) return barrierPresolved();
+    ClpSolve options;
+    lastPrimal_ = s_.method == LpMethod::Primal;
+    options.setSolveType(lastPrimal_ ? ClpSolve::usePrimal : ClpSolve::useDual);
+    options.setPresolveType(ClpSolve::presolveOn);
+    m_.setMaximumWallSeconds(timeLeft());
+    m_.initialSolve(options);
+    r_.simplexIterations += m_.numberIterations();
+    return Outcome{m_.status(), m_.secondaryStatus(), true};
+  }
+
+  Outcome barrierPresolved() {
     const Clock::time_point t = Clock::now();
     ClpPresolve pre;
     std::unique_ptr<ClpSimplex> small(pre.presolvedModel(m_, 1e-8));
