@@ -12,14 +12,16 @@
 //  - Rays (infeasibilityRay, unboundedRay) are new[] arrays, present only
 //    when the last algorithm proved the status itself (dual simplex for
 //    infeasible, primal for unbounded) on the unpresolved model; when one is
-//    missing a short re-solve derives it.  Clp's Farkas ray comes in either
-//    sign; it is turned to the convention of result.h by checking which sign
-//    proves infeasibility.
-//  - Presolve drops the basis, so a warm start skips it.  ClpPresolve is
-//    used directly so that every method presolves alike.  A presolved model
-//    is postsolved only when optimal (postsolve asserts on others, and the
-//    Debian build keeps assert() on); infeasible and unbounded ones are
-//    re-solved unpresolved, which also gives their rays.
+//    missing a short re-solve derives it.  The sign of Clp's Farkas ray is
+//    not documented: orientFarkasRay keeps the sign that proves
+//    infeasibility (the convention of result.h).
+//  - Presolve drops the basis, so a warm start skips it.  Simplex with
+//    presolve runs through ClpSolve like Clp's own solver; the barrier uses
+//    ClpPresolve directly, postsolving only an optimal model (postsolve
+//    asserts on others, and the Debian build keeps assert() on), then a
+//    primal clean-up, since postsolved reduced costs can be stale.
+//    Infeasible and unbounded outcomes are re-solved unpresolved, which
+//    also gives their rays.
 //  - Duals and reduced costs come back in the user's sense, which is the
 //    convention of result.h for minimisation and maximisation alike.
 //  - Status 5 means an event handler stopped the solve: our callback did.
