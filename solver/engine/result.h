@@ -54,7 +54,7 @@ struct Result {
   long long barrierIterations = 0;
   long long nodeCount = 0;
 
-  double presolveTime = 0.0;  // seconds
+  double presolveTime = 0.0;  // seconds; measured where presolve runs apart (LP barrier), else 0
   double solverTime = 0.0;    // seconds in the engine
 };
 
