@@ -1,0 +1,87 @@
+// klo_cl: reads a model file, sets parameters given as Name=value, solves,
+// prints the log and a summary, and writes the files named by ResultFile=.
+//
+// Exit status: 0 when the model was solved (whatever its status), 1 when the
+// library refused something (unreadable file, value out of range, ...), 2
+// for a command line that cannot be used.
+#include <klo_cpp.h>
+
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "options.h"
+#include "parameters.h"
+#include "summary.h"
+
+namespace {
+
+const char* const kUsage =
+    "usage: klo_cl [Name=value ...] model-file\n"
+    "\n"
+    "Reads an MPS or LP model file (plain or .gz), solves it and prints a summary.\n"
+    "Name=value sets a parameter (names in any letter case).\n"
+    "ResultFile=file writes a result after the solve, by its extension: .sol\n"
+    "(solution), .mps or .lp (model), .mst (start), .prm (parameters), .bas (basis);\n"
+    "it may be given several times.\n";
+
+int fail(const std::string& what, const KLOException& e, const std::string& detail) {
+    std::cerr << "klo_cl: " << what << ": " << e.getMessage() << " (" << e.getErrorCode()
+              << ")";
+    if (!detail.empty() && detail != e.getMessage()) std::cerr << "\n  " << detail;
+    std::cerr << "\n";
+    return 1;
+}
+
+int solve(KLOEnv& env, const klo_cl::Options& options) {
+    std::unique_ptr<KLOModel> model;
+    try {
+        model = std::make_unique<KLOModel>(env, options.modelFile);
+    } catch (const KLOException& e) {
+        return fail("cannot read " + options.modelFile, e, env.getErrorMsg());
+    }
+    try {
+        model->optimize();
+        klo_cl::printSummary(*model, std::cout);
+        for (const std::string& file : options.resultFiles) {
+            model->write(file);
+            std::cout << "Wrote " << file << "\n";
+        }
+    } catch (const KLOException& e) {
+        return fail("solve failed", e, model->getEnv().getErrorMsg());
+    }
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    klo_cl::Options options;
+    try {
+        options = klo_cl::parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+    } catch (const klo_cl::UsageError& e) {
+        std::cerr << "klo_cl: " << e.what() << "\n" << kUsage;
+        return 2;
+    }
+    try {
+        KLOEnv env(true);  // parameters first, so that LogFile applies from the start
+        for (const auto& [name, value] : options.parameters) {
+            try {
+                klo_cl::setParameter(env, name, value);
+            } catch (const KLOException& e) {
+                return fail("cannot set " + name + "=" + value, e, env.getErrorMsg());
+            }
+        }
+        env.start();
+        if (!options.help) return solve(env, options);
+        std::cout << kUsage << "\nParameters:\n";
+        klo_cl::listParameters(env, std::cout);
+        return 0;
+    } catch (const klo_cl::UsageError& e) {
+        std::cerr << "klo_cl: " << e.what() << "\n";
+        return 2;
+    } catch (const KLOException& e) {
+        return fail("cannot start the environment", e, "");
+    }
+}

@@ -1,0 +1,85 @@
+#include "parameters.h"
+
+#include <klo_cpp.h>
+
+#include <cerrno>
+#include <cmath>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <strings.h>
+
+#include "options.h"
+
+namespace klo_cl {
+
+namespace {
+
+constexpr int kIntParams = 39;
+constexpr int kDoubleParams = 18;
+
+// Index of name in table (letter case ignored), or -1.
+int find(const char* const* table, int size, const std::string& name) {
+    for (int i = 0; i < size; ++i)
+        if (strcasecmp(table[i], name.c_str()) == 0) return i;
+    return -1;
+}
+
+long parseInteger(const std::string& name, const std::string& text) {
+    char* end = nullptr;
+    errno = 0;
+    long v = std::strtol(text.c_str(), &end, 10);
+    if (end == text.c_str() || *end != '\0' || errno == ERANGE || v < INT_MIN || v > INT_MAX)
+        throw UsageError("parameter " + name + " takes a whole number, not '" + text + "'");
+    return v;
+}
+
+double parseReal(const std::string& name, const std::string& text) {
+    char* end = nullptr;
+    double v = std::strtod(text.c_str(), &end);
+    if (end == text.c_str() || *end != '\0' || std::isnan(v))
+        throw UsageError("parameter " + name + " takes a number, not '" + text + "'");
+    return v;
+}
+
+}  // namespace
+
+void setParameter(KLOEnv& env, const std::string& name, const std::string& value) {
+    if (int i = find(INT_PARNAMES, kIntParams, name); i >= 0) {
+        env.set(KLO_IntParam(i), int(parseInteger(INT_PARNAMES[i], value)));
+    } else if (int d = find(DBL_PARNAMES, kDoubleParams, name); d >= 0) {
+        env.set(KLO_DoubleParam(d), parseReal(DBL_PARNAMES[d], value));
+    } else if (strcasecmp(name.c_str(), "LogFile") == 0) {
+        env.set(KLO_StringParam(0), value);
+    } else {
+        throw UsageError("unknown parameter " + name + " (see klo_cl --help)");
+    }
+}
+
+void listParameters(const KLOEnv& env, std::ostream& out) {
+    char line[160];
+    std::snprintf(line, sizeof line, "  %-34s %-7s %12s  %s\n", "name", "type", "default",
+                  "range");
+    out << line;
+    for (int p = 0; p < kIntParams; ++p) {
+        int value, min, max, def;
+        env.getParamInfo(KLO_IntParam(p), &value, &min, &max, &def);
+        std::snprintf(line, sizeof line, "  %-34s %-7s %12d  [%d, %d]\n", INT_PARNAMES[p], "int",
+                      def, min, max);
+        out << line;
+    }
+    for (int p = 0; p < kDoubleParams; ++p) {
+        double value, min, max, def;
+        env.getParamInfo(KLO_DoubleParam(p), &value, &min, &max, &def);
+        std::snprintf(line, sizeof line, "  %-34s %-7s %12g  [%g, %g]\n", DBL_PARNAMES[p],
+                      "double", def, min, max);
+        out << line;
+    }
+    std::string value, def;
+    env.getParamInfo(KLO_StringParam(0), value, def);
+    std::snprintf(line, sizeof line, "  %-34s %-7s %12s\n", "LogFile", "string",
+                  def.empty() ? "\"\"" : def.c_str());
+    out << line;
+}
+
+}  // namespace klo_cl
