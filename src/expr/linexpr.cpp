@@ -96,17 +96,9 @@ void KLOLinExpr::operator/=(double d) {
     for (double& c : *coeffs_->vec) c /= d;
 }
 
-KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) {
-    KLOLinExpr sum(*this);
-    sum += e;
-    return sum;
-}
+KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) { return ::operator+(*this, e); }
 
-KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) {
-    KLOLinExpr difference(*this);
-    difference -= e;
-    return difference;
-}
+KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) { return ::operator-(*this, e); }
 
 void KLOLinExpr::remove(int i) {
     vars_->remove(i);

@@ -1,6 +1,12 @@
 // The free operators over variables, linear and quadratic expressions, and
 // the comparisons that make temporary constraints.
+#include "expr/arith.h"
 #include "klo_cpp.h"
+
+using klo_detail::divided;
+using klo_detail::minus;
+using klo_detail::plus;
+using klo_detail::times;
 
 KLOLinExpr operator+(KLOVar x, KLOVar y) {
     KLOLinExpr sum;
@@ -38,36 +44,19 @@ KLOLinExpr operator*(KLOVar x, double d) { return d * x; }
 
 KLOLinExpr operator/(KLOVar x, double d) { return KLOLinExpr(x, 1.0 / d); }
 
-KLOLinExpr operator+(const KLOLinExpr& a, const KLOLinExpr& b) {
-    KLOLinExpr sum(a);
-    sum += b;
-    return sum;
-}
+KLOLinExpr operator+(const KLOLinExpr& a, const KLOLinExpr& b) { return plus(a, b); }
 
-KLOLinExpr operator-(const KLOLinExpr& a, const KLOLinExpr& b) {
-    KLOLinExpr difference(a);
-    difference -= b;
-    return difference;
-}
+KLOLinExpr operator-(const KLOLinExpr& a, const KLOLinExpr& b) { return minus(a, b); }
 
 KLOLinExpr operator+(const KLOLinExpr& a) { return a; }
 
 KLOLinExpr operator-(const KLOLinExpr& a) { return a * -1.0; }
 
-KLOLinExpr operator*(const KLOLinExpr& a, double d) {
-    if (d == 0.0) return KLOLinExpr();
-    KLOLinExpr product(a);
-    product *= d;
-    return product;
-}
+KLOLinExpr operator*(const KLOLinExpr& a, double d) { return times(a, d); }
 
 KLOLinExpr operator*(double d, const KLOLinExpr& a) { return a * d; }
 
-KLOLinExpr operator/(const KLOLinExpr& a, double d) {
-    KLOLinExpr quotient(a);
-    quotient /= d;
-    return quotient;
-}
+KLOLinExpr operator/(const KLOLinExpr& a, double d) { return divided(a, d); }
 
 KLOQuadExpr operator*(KLOVar x, KLOVar y) {
     KLOQuadExpr product;
@@ -114,17 +103,9 @@ KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b) {
     return product;
 }
 
-KLOQuadExpr operator+(const KLOQuadExpr& p, const KLOQuadExpr& q) {
-    KLOQuadExpr sum(p);
-    sum += q;
-    return sum;
-}
+KLOQuadExpr operator+(const KLOQuadExpr& p, const KLOQuadExpr& q) { return plus(p, q); }
 
-KLOQuadExpr operator-(const KLOQuadExpr& p, const KLOQuadExpr& q) {
-    KLOQuadExpr difference(p);
-    difference += -q;
-    return difference;
-}
+KLOQuadExpr operator-(const KLOQuadExpr& p, const KLOQuadExpr& q) { return plus(p, -q); }
 
 KLOQuadExpr operator+(const KLOQuadExpr& p) { return p; }
 
@@ -134,20 +115,11 @@ KLOQuadExpr operator-(const KLOQuadExpr& p) {
     return negated;
 }
 
-KLOQuadExpr operator*(const KLOQuadExpr& p, double d) {
-    if (d == 0.0) return KLOQuadExpr(0.0);
-    KLOQuadExpr product(p);
-    product *= d;
-    return product;
-}
+KLOQuadExpr operator*(const KLOQuadExpr& p, double d) { return times(p, d); }
 
 KLOQuadExpr operator*(double d, const KLOQuadExpr& p) { return p * d; }
 
-KLOQuadExpr operator/(const KLOQuadExpr& p, double d) {
-    KLOQuadExpr quotient(p);
-    quotient /= d;
-    return quotient;
-}
+KLOQuadExpr operator/(const KLOQuadExpr& p, double d) { return divided(p, d); }
 
 KLOTempConstr operator<=(const KLOQuadExpr& a, const KLOQuadExpr& b) {
     KLOTempConstr tc{'<', a};

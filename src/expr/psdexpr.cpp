@@ -2,6 +2,7 @@
 // over copy-on-write storage.
 #include <map>
 
+#include "expr/arith.h"
 #include "expr/compact.h"
 #include "klo_cpp.h"
 
@@ -101,23 +102,8 @@ void KLOPsdExpr::operator-=(const KLOVar& x) { linear_ -= x; }
 void KLOPsdExpr::operator+=(double c) { linear_.addConstant(c); }
 void KLOPsdExpr::operator-=(double c) { linear_.addConstant(-c); }
 
-namespace {
-
-template <class R>
-KLOPsdExpr plus(const KLOPsdExpr& P, const R& r) {
-    KLOPsdExpr sum(P);
-    sum += r;
-    return sum;
-}
-
-template <class R>
-KLOPsdExpr minus(const KLOPsdExpr& P, const R& r) {
-    KLOPsdExpr difference(P);
-    difference -= r;
-    return difference;
-}
-
-}  // namespace
+using klo_detail::minus;
+using klo_detail::plus;
 
 KLOPsdExpr KLOPsdExpr::operator+(const KLOPsdExpr& P) const { return plus(*this, P); }
 KLOPsdExpr KLOPsdExpr::operator-(const KLOPsdExpr& P) const { return minus(*this, P); }

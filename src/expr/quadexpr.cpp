@@ -126,17 +126,9 @@ void KLOQuadExpr::operator*=(double d) { scale(d, false); }
 
 void KLOQuadExpr::operator/=(double d) { scale(d, true); }
 
-KLOQuadExpr KLOQuadExpr::operator+(const KLOQuadExpr& q) {
-    KLOQuadExpr sum(*this);
-    sum += q;
-    return sum;
-}
+KLOQuadExpr KLOQuadExpr::operator+(const KLOQuadExpr& q) { return ::operator+(*this, q); }
 
-KLOQuadExpr KLOQuadExpr::operator-(const KLOQuadExpr& q) {
-    KLOQuadExpr difference(*this);
-    difference -= q;
-    return difference;
-}
+KLOQuadExpr KLOQuadExpr::operator-(const KLOQuadExpr& q) { return ::operator-(*this, q); }
 
 void KLOQuadExpr::remove(int i) {
     coeffs_->remove(i);

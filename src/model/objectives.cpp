@@ -59,11 +59,7 @@ void KLOModel::setObjective(const KLOPsdExpr& expr, int sense) {
     clearObjective(sense);
     std::vector<KLOMatrix> matrices;
     std::vector<KLOPsdVar> vars;
-    for (int i = 0; i < expr.size(); ++i) {
-        matrices.push_back(expr.getCoeff(i));
-        vars.push_back(expr.getPsdVar(i));
-    }
-    combineLikeTerms(matrices, vars);
+    klo_detail::mergePsdTerms(expr, matrices, vars);
     for (std::size_t k = 0; k < vars.size(); ++k) vars[k].set(KLO_MatAttr_PsdObj, matrices[k]);
     const KLOLinExpr linear = expr.getLinExpr();
     addLinearPart(linear);

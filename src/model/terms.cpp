@@ -56,14 +56,19 @@ QuadTerms::QuadTerms(const KLOQuadExpr& q) {
     val = std::move(coeffs);
 }
 
-PsdTerms::PsdTerms(const KLOPsdExpr& P) {
-    std::vector<KLOMatrix> matrices;
-    std::vector<KLOPsdVar> vars;
+void mergePsdTerms(const KLOPsdExpr& P, std::vector<KLOMatrix>& matrices,
+                   std::vector<KLOPsdVar>& vars) {
     for (int i = 0; i < P.size(); ++i) {
         matrices.push_back(P.getCoeff(i));
         vars.push_back(P.getPsdVar(i));
     }
     combineLikeTerms(matrices, vars);
+}
+
+PsdTerms::PsdTerms(const KLOPsdExpr& P) {
+    std::vector<KLOMatrix> matrices;
+    std::vector<KLOPsdVar> vars;
+    mergePsdTerms(P, matrices, vars);
     for (std::size_t k = 0; k < vars.size(); ++k) {
         var.push_back(liveIndex(vars[k], -2003));
         beg.push_back(static_cast<int>(ind.size()));

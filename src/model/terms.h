@@ -47,6 +47,11 @@ struct QuadTerms {
     int size() const { return static_cast<int>(val.size()); }
 };
 
+// The PSD terms of P merged per PSD variable (matrices summed, ascending
+// index), into matrices and vars.
+void mergePsdTerms(const KLOPsdExpr& P, std::vector<KLOMatrix>& matrices,
+                   std::vector<KLOPsdVar>& vars);
+
 // PSD terms merged per PSD variable (matrices summed), flattened as
 // KLOaddrangepsdconstr takes them.  A removed PSD variable raises -2003.
 struct PsdTerms {

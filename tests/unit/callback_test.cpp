@@ -22,11 +22,6 @@ class Callbacks : public ExprTest {
 protected:
     static constexpr double kNoValue = KLOCallback::KLO_CB_NOVALUE;
 
-    void SetUp() override {
-        ExprTest::SetUp();
-        klo_fake::reset();
-    }
-
     // One invocation at where-code 5, as the library would make it.
     template <class CB>
     int invoke(CB& cb) {

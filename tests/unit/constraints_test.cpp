@@ -4,13 +4,7 @@
 
 namespace {
 
-class Constraints : public ExprTest {
-protected:
-    void SetUp() override {
-        ExprTest::SetUp();
-        klo_fake::reset();
-    }
-};
+class Constraints : public ExprTest {};
 
 TEST_F(Constraints, SenseBecomesBounds) {
     model->addConstr(x, '<', 5.0);

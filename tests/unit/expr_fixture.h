@@ -1,5 +1,5 @@
-// Expressions over three variables x, y, z (indices 0, 1, 2) of a model on
-// the test double, with readers of their terms.
+// Expressions over three variables x, y, z (indices 0, 1, 2) and a PSD
+// variable X of a model on the test double, with readers of their terms.
 #pragma once
 
 #include <cmath>
@@ -14,6 +14,7 @@ class ExprTest : public ModelTest {
 protected:
     std::unique_ptr<KLOModel> model;
     KLOVar x, y, z;
+    KLOPsdVar X;
 
     void SetUp() override {
         ModelTest::SetUp();
@@ -21,6 +22,7 @@ protected:
         x = Access::vars(*model)[0];
         y = Access::vars(*model)[1];
         z = Access::vars(*model)[2];
+        X = Access::psdvars(*model)[0];
     }
 
     // Linear terms as "coeff*index" strings, then "+constant".

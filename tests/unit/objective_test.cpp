@@ -4,15 +4,7 @@
 
 namespace {
 
-class Objective : public ExprTest {
-protected:
-    KLOPsdVar X;
-    void SetUp() override {
-        ExprTest::SetUp();
-        X = Access::psdvars(*model)[0];
-        klo_fake::reset();
-    }
-};
+class Objective : public ExprTest {};
 
 TEST_F(Objective, ClearsEverythingThenAccumulatesRepeatedVariables) {
     klo_fake::on("KLOgetintattrelement", "Dim").out(3, 2LL);

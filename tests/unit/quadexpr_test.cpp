@@ -117,14 +117,7 @@ TEST_F(QuadExpr, AppendingAVariableMatchesAppendingItsExpression) {
     EXPECT_EQ(lin(a), lin(b));
 }
 
-class PsdExpr : public ExprTest {
-protected:
-    KLOPsdVar X;
-    void SetUp() override {
-        ExprTest::SetUp();
-        X = Access::psdvars(*model)[0];
-    }
-};
+class PsdExpr : public ExprTest {};
 
 TEST_F(PsdExpr, ValueCountsOffDiagonalEntriesTwice) {
     klo_fake::on("KLOgetmatattrelement", "PsdX")

@@ -4,15 +4,7 @@
 
 namespace {
 
-class SpecialRows : public ExprTest {
-protected:
-    KLOPsdVar X;
-    void SetUp() override {
-        ExprTest::SetUp();
-        X = Access::psdvars(*model)[0];
-        klo_fake::reset();
-    }
-};
+class SpecialRows : public ExprTest {};
 
 TEST_F(SpecialRows, QuadraticRowsMergeTermsAndJoinTheRowNumbering) {
     model->addConstr(x, '<', 1.0);
