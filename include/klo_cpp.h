@@ -14,12 +14,16 @@
 //            index outside an expression
 //   -2002    a removed (or unknown) constraint of any kind
 //   -2       the library could not copy a model
-//   -3       an invalid argument (for example a column term index outside
-//            the column)
-// Except for the released-environment error, the texts of these come from
-// the library (KLOexplainerror).  An operation on an empty,
-// default-constructed handle raises the handle's removed-element code with
-// a message saying that the handle is empty.
+//   -3       an invalid argument: a column term index outside the column,
+//            a quadratic comparison given to addConstr ("For quadratic
+//            constraint using KLOModel::addQConstr.") or to
+//            addGenConstrIndicator
+//   -5001    a callback asked for an information code it cannot read that
+//            way
+// Except for the released-environment error and the two quadratic
+// refusals, the texts of these come from the library (KLOexplainerror).
+// An operation on an empty, default-constructed handle raises the handle's
+// removed-element code with a message saying that the handle is empty.
 //
 // Threads: nothing is locked.  One model, and every expression that shares
 // term storage with another, is used from one thread at a time.
