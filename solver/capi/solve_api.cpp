@@ -4,6 +4,8 @@
 
 #include "capi/model_guard.h"
 #include "engine/callback_context.h"
+#include "solve/feas_relax.h"
+#include "solve/iis.h"
 #include "solve/optimize.h"
 #include "solve/user_callback.h"
 
@@ -48,12 +50,22 @@ int KLOoptimize(KLOmodel* model) {
 
 int KLOcomputeIIS(KLOmodel* model) {
   if (!model) return KLO_ERROR_NULL_ARGUMENT;
-  return klo::record(&model->env, KLO_ERROR_NOT_SUPPORTED, "KLOcomputeIIS: not available yet");
+  return klo::guarded(&model->env, [&] { klo::computeIis(*model); });
 }
 
-int KLOfeasrelax(KLOmodel* model, int, int, const double*, const double*, const double*, double*) {
+int KLOfeasrelax(KLOmodel* model, int relaxobjtype, int minrelax, const double* lbpen,
+                 const double* ubpen, const double* rhspen, double* feasobjP) {
   if (!model) return KLO_ERROR_NULL_ARGUMENT;
-  return klo::record(&model->env, KLO_ERROR_NOT_SUPPORTED, "KLOfeasrelax: not available yet");
+  return klo::guarded(&model->env, [&] {
+    klo::FeasRelaxRequest req;
+    req.objType = relaxobjtype;
+    req.minRelax = minrelax != 0;
+    req.lbPen = lbpen;
+    req.ubPen = ubpen;
+    req.rhsPen = rhspen;
+    const double measure = klo::feasRelax(*model, req);
+    if (feasobjP) *feasobjP = measure;
+  });
 }
 
 int KLOcbget(void* cbdata, int where, int what, void* resultP) {

@@ -1,0 +1,147 @@
+// The analyses of infeasible models: the feasibility relaxation and the
+// irreducible infeasible subsystem.  Neither changes the model.
+#include "solve_fixture.h"
+
+namespace klotest {
+namespace {
+
+class SolveAnalysis : public SolveTest {
+ protected:
+  // min x + 2y, x, y in [0, 10]:  r0: x + y >= 5,  r1: x + y <= 3.
+  // Whatever x + y in [3, 5] is chosen, the rows are violated by 2 in all.
+  void conflictingRows() {
+    var(1, 0, 10);
+    var(2, 0, 10);
+    row({{0, 1}, {1, 1}}, '>', 5);
+    row({{0, 1}, {1, 1}}, '<', 3);
+  }
+  double relax(int type, int minrelax, const double* lb, const double* ub, const double* rhs) {
+    double f = -1;
+    EXPECT_EQ(KLOfeasrelax(model, type, minrelax, lb, ub, rhs, &f), KLO_OK) << modelError();
+    return f;
+  }
+  void expectUnchanged() {
+    EXPECT_EQ(intAttr("NumVars"), 2);
+    EXPECT_EQ(intAttr("NumConstrs"), 2);
+    EXPECT_EQ(dblAt("RHS", 0), KLO_INFINITY);
+    EXPECT_EQ(dblAt("LHS", 0), 5);
+    EXPECT_EQ(dblAt("UB", 0), 10);
+  }
+};
+
+// Penalties 1 on r0 and 3 on r1: violating r0 by 2 (x + y = 3) costs 2,
+// r1 would cost 6.  Among those points, min x + 2y: x = 3, y = 0.
+TEST_F(SolveAnalysis, FeasRelaxPricesRowViolations) {
+  conflictingRows();
+  const double rhspen[] = {1, 3};
+  EXPECT_NEAR(relax(0, 0, nullptr, nullptr, rhspen), 2, 1e-9);
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(dblAt("Activity", 0), 3, 1e-9);
+  EXPECT_NEAR(dbl("ObjVal"), 2, 1e-9) << "the violation measure";
+  expectUnchanged();
+  EXPECT_NEAR(relax(0, 1, nullptr, nullptr, rhspen), 2, 1e-9);
+  std::vector<double> x = dblArray("X", 2);
+  EXPECT_NEAR(x[0], 3, 1e-6);
+  EXPECT_NEAR(x[1], 0, 1e-6);
+  EXPECT_NEAR(dbl("ObjVal"), 3, 1e-6) << "the model's objective";
+  expectUnchanged();
+}
+
+// Counting violations: one violated row suffices, whichever.
+TEST_F(SolveAnalysis, FeasRelaxCountsViolations) {
+  conflictingRows();
+  const double rhspen[] = {1, 1};
+  EXPECT_NEAR(relax(2, 0, nullptr, nullptr, rhspen), 1, 1e-6);
+  std::vector<double> act = dblArray("Activity", 2);
+  const bool r0 = act[0] >= 5 - 1e-6, r1 = act[1] <= 3 + 1e-6;
+  EXPECT_TRUE(r0 != r1) << "exactly one row holds";
+  expectUnchanged();
+}
+
+// x in [0, 10], y in [0, 10], x + y >= 25 with the rows fixed: raising x's
+// upper bound costs 1 a unit, y's 2: x = 15, measure 5.
+TEST_F(SolveAnalysis, FeasRelaxMovesBounds) {
+  var(1, 0, 10);
+  var(1, 0, 10);
+  row({{0, 1}, {1, 1}}, '>', 25);
+  const double ubpen[] = {1, 2};
+  EXPECT_NEAR(relax(0, 0, nullptr, ubpen, nullptr), 5, 1e-9);
+  EXPECT_NEAR(dblAt("X", 0), 15, 1e-9);
+  EXPECT_NEAR(dblAt("X", 1), 10, 1e-9);
+  EXPECT_EQ(dblAt("UB", 0), 10) << "the model keeps its bounds";
+}
+
+TEST_F(SolveAnalysis, FeasRelaxRefusals) {
+  conflictingRows();
+  const double rhspen[] = {1, 1}, negative[] = {1, -1};
+  double f = 0;
+  EXPECT_EQ(KLOfeasrelax(model, 1, 0, nullptr, nullptr, rhspen, &f), KLO_ERROR_NOT_SUPPORTED);
+  EXPECT_NE(modelError().find("squared"), std::string::npos);
+  EXPECT_EQ(KLOfeasrelax(model, 3, 0, nullptr, nullptr, rhspen, &f), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOfeasrelax(model, 0, 0, nullptr, nullptr, negative, &f),
+            KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_NE(modelError().find("rhspen[1]"), std::string::npos);
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_UNSTARTED) << "refusals leave no results";
+  // Nothing may be relaxed: no relaxed point, and the status says why.
+  EXPECT_EQ(KLOfeasrelax(model, 0, 0, nullptr, nullptr, nullptr, &f), KLO_OK);
+  EXPECT_EQ(f, KLO_INFINITY);
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_INFEASIBLE);
+  EXPECT_EQ(KLOfeasrelax(nullptr, 0, 0, nullptr, nullptr, nullptr, &f), KLO_ERROR_NULL_ARGUMENT);
+}
+
+// x, y in [0, 10]:  r0: x + y >= 5,  r1: x <= 1,  r2: y <= 2,
+// r3: x - y <= 100.  r0 cannot hold with r1 and r2 (x + y <= 3); r3 and
+// the variable bounds play no part.
+TEST_F(SolveAnalysis, IisNamesTheConflictingRows) {
+  var(1, 0, 10);
+  var(1, 0, 10);
+  row({{0, 1}, {1, 1}}, '>', 5);
+  row({{0, 1}}, '<', 1);
+  row({{1, 1}}, '<', 2);
+  row({{0, 1}, {1, -1}}, '<', 100);
+  int v = 0;
+  EXPECT_EQ(KLOgetintattrelement(model, "IISConstr", 0, &v), KLO_ERROR_DATA_NOT_AVAILABLE);
+  ASSERT_EQ(KLOcomputeIIS(model), KLO_OK) << modelError();
+  EXPECT_EQ(intArray("IISConstr", 4),
+            (std::vector<int>{KLO_IIS_LOWER, KLO_IIS_UPPER, KLO_IIS_UPPER, KLO_IIS_NONE}));
+  EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_NONE, KLO_IIS_NONE}));
+  EXPECT_EQ(intArray("IISRow", 4), intArray("IISConstr", 4));
+  ASSERT_EQ(KLOsetdblattrelement(model, "RHS", 3, 50), KLO_OK);
+  EXPECT_EQ(KLOgetintattrelement(model, "IISConstr", 0, &v), KLO_ERROR_DATA_NOT_AVAILABLE)
+      << "a change discards it";
+}
+
+// x in [0, 1], y in [0, 2]:  x + y >= 5 and a row that does not matter.
+TEST_F(SolveAnalysis, IisNamesVariableBounds) {
+  var(0, 0, 1);
+  var(0, 0, 2);
+  row({{0, 1}, {1, 1}}, '>', 5);
+  row({{0, 1}, {1, 2}}, '<', 50);
+  ASSERT_EQ(KLOcomputeIIS(model), KLO_OK) << modelError();
+  EXPECT_EQ(intArray("IISConstr", 2), (std::vector<int>{KLO_IIS_LOWER, KLO_IIS_NONE}));
+  EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_UPPER, KLO_IIS_UPPER}));
+}
+
+// x + y = 1 and x - y = 0 hold only at x = y = 0.5: no integer solution.
+// Each side of each equality is needed (without one, x = y = 0 or 1, or
+// x = 0, y = 1, will do); no variable bound is.
+TEST_F(SolveAnalysis, IisOfAnIntegerModel) {
+  var(0, 0, 10, 'I');
+  var(0, 0, 10, 'I');
+  row({{0, 1}, {1, 1}}, '=', 1);
+  row({{0, 1}, {1, -1}}, '=', 0);
+  ASSERT_EQ(KLOcomputeIIS(model), KLO_OK) << modelError();
+  EXPECT_EQ(intArray("IISConstr", 2), (std::vector<int>{KLO_IIS_BOTH, KLO_IIS_BOTH}));
+  EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_NONE, KLO_IIS_NONE}));
+}
+
+TEST_F(SolveAnalysis, IisOfAFeasibleModelIsRefused) {
+  conflictingRows();
+  ASSERT_EQ(KLOsetdblattrelement(model, "RHS", 1, 6), KLO_OK);
+  EXPECT_EQ(KLOcomputeIIS(model), KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_NE(modelError().find("feasible"), std::string::npos);
+  EXPECT_EQ(KLOcomputeIIS(nullptr), KLO_ERROR_NULL_ARGUMENT);
+}
+
+}  // namespace
+}  // namespace klotest
