@@ -626,7 +626,16 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
 int KLOoptimize(KLOmodel *model);
 
 /** Computes an irreducible infeasible subsystem of an infeasible model
- *  (see "IISVar" and "IISConstr"). */
+ *  (see "IISVar" and "IISConstr"): bounds of rows and variables that cannot
+ *  all hold, each of them needed for that.  Found by dropping the bounds
+ *  one at a time (each drop a feasibility solve), starting from those an
+ *  LP's infeasibility certificate uses.  Integrality is kept and is not
+ *  itself a member; a check of an integer program that cannot settle
+ *  within 10000 nodes (or "MaxTime") keeps its bound, so the subsystem is
+ *  then infeasible but perhaps not irreducible.  A feasible model, or one
+ *  that cannot be proven infeasible, gives KLO_ERROR_INVALID_ARGUMENT;
+ *  features without an engine KLO_ERROR_NOT_SUPPORTED.  The model and
+ *  its solution are not changed; no callback is called. */
 int KLOcomputeIIS(KLOmodel *model);
 
 /** Feasibility relaxation.  Finds the smallest violation of bounds and rows,
@@ -635,8 +644,17 @@ int KLOcomputeIIS(KLOmodel *model);
  *  violations, 1 sum of weighted squared violations, 2 number of violated
  *  bounds and rows.  With minrelax non-zero the original objective is then
  *  optimised among the minimally relaxed points.  The model itself is not
- *  changed; the relaxed solution becomes its solution ("X"), and
- *  *feasobjP receives the minimal violation measure. */
+ *  changed; the relaxed solution becomes its solution ("X", "Activity"
+ *  of the model's own rows, "Status"; "ObjVal" is the violation measure, or
+ *  with minrelax the model's objective), and *feasobjP (may be null)
+ *  receives the minimal violation measure, KLO_INFINITY when no relaxed
+ *  point was found ("Status" says why).
+ *  relaxobjtype 1 needs a quadratic engine: KLO_ERROR_NOT_SUPPORTED.
+ *  relaxobjtype 2 counts with one binary per relaxable bound, for
+ *  violations up to "MIP/LinearizationBigM".  Negative or NaN penalties and
+ *  other relaxobjtype values give KLO_ERROR_INVALID_ARGUMENT.  The
+ *  relaxation keeps integrality and SOS sets; only objective 0 is used
+ *  with minrelax; no callback is called; no basis is kept from it. */
 int KLOfeasrelax(KLOmodel *model, int relaxobjtype, int minrelax, const double *lbpen,
                  const double *ubpen, const double *rhspen, double *feasobjP);
 
