@@ -118,6 +118,21 @@ TEST_F(Modelling, SosAndIndicatorsRoundTrip) {
     EXPECT_EQ(model->get(KLO_IntAttr_NumSOS), 0);
 }
 
+TEST_F(Modelling, PsdRowsAndObjectivesReachTheStore) {
+    const KLOPsdVar X = model->addPsdVar(2, "X");
+    KLOPsdExpr P = KLOMatrix::sparse(2, 2, {0, 1}, {0, 1}, {1.0, 1.0}) * X + x;
+    P += KLOMatrix::sparse(2, 2, {1}, {0}, {0.5}) * X;
+    const KLOPsdConstr c = model->addPsdConstr(P, '=', 1.0, "trace");
+    EXPECT_EQ(model->get(KLO_IntAttr_NumPsdConstrs), 1);
+    EXPECT_EQ(model->getPsdConstr(0).index(), c.index());
+    model->setObjective(KLOMatrix::identity(2) * X + 2.0 * KLOMatrix::identity(2) * X, 1);
+    const KLOMatrix objective = X.get(KLO_MatAttr_PsdObj);
+    ASSERT_EQ(objective.nonzeros(), 2);
+    EXPECT_EQ(objective.data()[0], 3.0);
+    model->remove(X);
+    EXPECT_EQ(model->get(KLO_IntAttr_NumPsdVars), 0);
+}
+
 // A knapsack whose callback counts its invocations and stops the search
 // at the first new incumbent.
 class StopAtFirstIncumbent : public KLOCallback {
