@@ -143,7 +143,8 @@ int main() {
         if (used <= std::ceil(bound - 1e-6))
             std::printf("optimal: no plan uses fewer than %g rolls\n", std::ceil(bound - 1e-6));
         else
-            std::printf("at most %g rolls above the best possible\n", used - std::ceil(bound - 1e-6));
+            std::printf("at most %g rolls above the best possible\n",
+                        used - std::ceil(bound - 1e-6));
         return 0;
     } catch (const KLOException& e) {
         std::cerr << "error " << e.getErrorCode() << ": " << e.getMessage() << "\n";

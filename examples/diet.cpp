@@ -23,19 +23,24 @@ const double kMinimum[3] = {2000, 70, 800};
 const double kMaxCalories = 2500;
 const double kMaxServings = 6;  // of any one food: some variety
 
+// clang-format off
 const std::vector<Food> kFoods = {
-    //  name      cost   calories protein calcium (mg)
-    {"bread", 0.40, {250, 8, 50}},   {"milk", 0.50, {150, 8, 300}},
-    {"cheese", 0.70, {110, 7, 200}}, {"potato", 0.30, {160, 4, 20}},
-    {"fish", 1.50, {200, 22, 30}},   {"beans", 0.60, {230, 15, 80}},
+    // name      cost   calories protein calcium (mg)
+    {"bread",  0.40, {250,     8,      50}},
+    {"milk",   0.50, {150,     8,     300}},
+    {"cheese", 0.70, {110,     7,     200}},
+    {"potato", 0.30, {160,     4,      20}},
+    {"fish",   1.50, {200,    22,      30}},
+    {"beans",  0.60, {230,    15,      80}},
 };
+// clang-format on
 
 }  // namespace
 
 int main() {
     try {
-        KLOEnv env(true);                       // an unstarted environment ...
-        env.set(KLO_IntParam_OutputFlag, 0);    // ... so the log is off from the start
+        KLOEnv env(true);                     // an unstarted environment ...
+        env.set(KLO_IntParam_OutputFlag, 0);  // ... so the log is off from the start
         env.start();
         KLOModel model(env);
 

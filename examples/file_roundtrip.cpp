@@ -22,7 +22,7 @@ void build(KLOModel& model) {
     KLOVar shelves = model.addVar(0, 20, 0, 'I', "shelves");  // at most 20 sell
     model.addConstr(6 * tables + 2 * chairs + 3 * shelves <= 120, "wood");
     model.addConstr(4 * tables + 3 * chairs + 2 * shelves <= 100, "labour");
-    model.addConstr(chairs - 2 * tables >= 0, "chairs_per_table");  // sold in sets
+    model.addConstr(chairs - 2 * tables >= 0, "chairs_per_table");     // sold in sets
     model.setObjective(30 * tables + 12 * chairs + 14 * shelves, -1);  // -1: maximise
     model.set(KLO_StringAttr_ModelName, "workshop");
 }

@@ -11,8 +11,8 @@
 namespace {
 
 // Where-codes and information codes of the solver library (klo_c.h).
-const int kNewIncumbent = 4;    // KLO_CB_MIPSOL
-const int kRuntime = 302;       // KLO_CBINFO_RUNTIME
+const int kNewIncumbent = 4;  // KLO_CB_MIPSOL
+const int kRuntime = 302;     // KLO_CBINFO_RUNTIME
 
 const int kItems = 40;
 const double kCapacity = 500;
@@ -33,8 +33,7 @@ public:
         for (std::size_t i = 0; i < items_.size(); ++i)
             value += values_[i] * getSolution(items_[i]);
         ++found;
-        std::printf("incumbent %d: value %g after %.3f s\n", found, value,
-                    getDoubleInfo(kRuntime));
+        std::printf("incumbent %d: value %g after %.3f s\n", found, value, getDoubleInfo(kRuntime));
     }
 
 private:

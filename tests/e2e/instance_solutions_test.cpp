@@ -71,7 +71,8 @@ protected:
         if (known.mip) {
             const double gapRel = model->get(KLO_DoubleParam_MIP_GapRel);
             const double gapAbs = model->get(KLO_DoubleParam_MIP_GapAbs);
-            allowed += std::max(gapAbs, gapRel * std::max(std::fabs(obj), std::fabs(known.objective)));
+            allowed +=
+                std::max(gapAbs, gapRel * std::max(std::fabs(obj), std::fabs(known.objective)));
             // The best bound never passes the optimum (all instances minimise).
             EXPECT_LE(model->get(KLO_DoubleAttr_DualObjVal), known.objective + allowed);
         }
@@ -92,7 +93,8 @@ protected:
             const double lb = v.get(KLO_DoubleAttr_LB);
             const double ub = v.get(KLO_DoubleAttr_UB);
             const char type = v.get(KLO_CharAttr_VType);
-            const bool ok = x >= lb - tolerance(std::fabs(lb)) && x <= ub + tolerance(std::fabs(ub)) &&
+            const bool ok = x >= lb - tolerance(std::fabs(lb)) &&
+                            x <= ub + tolerance(std::fabs(ub)) &&
                             (type == 'C' || std::fabs(x - std::round(x)) <= intTol);
             if (!ok) {
                 ++violations;
