@@ -12,6 +12,7 @@
 #include "solve/relaxation_problem.h"
 #include "solve/settings_from_params.h"
 #include "solve/store_result.h"
+#include "solve/trim_result.h"
 #include "solve/unsupported.h"
 
 namespace klo {
@@ -63,18 +64,9 @@ engine::Result optimiseWithin(engine::Problem& p, const engine::Problem& base, d
   return engine::engineFor(p)->solve(p, s);
 }
 
-template <class T>
-void cutTo(std::vector<T>& v, size_t n) {
-  if (v.size() > n) v.resize(n);
-}
-
 // The relaxed problem's result in terms of the model.
 void toModel(engine::Result& r, const engine::Problem& base) {
-  const size_t n = base.numCols(), m = base.numRows();
-  cutTo(r.x, n);
-  cutTo(r.reducedCosts, n);
-  cutTo(r.duals, m);
-  for (engine::PoolSolution& s : r.pool) cutTo(s.x, n);
+  trimResult(r, base.numCols(), base.numRows());
   if (r.hasSolution) r.activities = engine::rowActivities(base, r.x.data());
   r.colBasis.clear();  // a basis of the relaxation is none of the model's
   r.rowBasis.clear();

@@ -8,6 +8,7 @@
 #include "engine/engine.h"
 #include "klo_c.h"
 #include "solve/problem_from_model.h"
+#include "solve/trim_result.h"
 
 namespace klo {
 namespace {
@@ -60,18 +61,9 @@ void holdPass(engine::Problem& p, const Pass& pass, double reached, int sense) {
     appendDenseRow(p, pass.coef, bound - slack, engine::kInfinity);
 }
 
-template <class T>
-void cutTo(std::vector<T>& v, size_t n) {
-  if (v.size() > n) v.resize(n);
-}
-
 // The last pass's result in terms of the model: its rows, objective 0.
 void finish(engine::Result& r, const ModelData& d, const engine::Result& totals) {
-  const size_t rows = d.rows.size();
-  cutTo(r.duals, rows);
-  cutTo(r.activities, rows);
-  cutTo(r.rowBasis, rows);
-  cutTo(r.dualRay, rows);
+  trimResult(r, d.lb.size(), d.rows.size());
   const Objective& o = d.objectives[0];
   if (r.hasSolution) r.objective = linearValue(o.coef, o.constant, r.x);
   for (engine::PoolSolution& s : r.pool) s.objective = linearValue(o.coef, o.constant, s.x);
