@@ -1,0 +1,40 @@
+// The engines' log goes through the library's log: into "LogFile" (and the
+// console per "LogToConsole"), nowhere with "OutputFlag" 0.
+#include "solve_fixture.h"
+
+namespace klotest {
+namespace {
+
+class SolveLog : public SolveTest {
+ protected:
+  void logTo(const TempFile& file) {
+    ASSERT_EQ(KLOsetstrparam(KLOgetenv(model), "LogFile", file.c_str()), KLO_OK);
+  }
+};
+
+TEST_F(SolveLog, LpAndMipSummariesReachTheLogFile) {
+  TempFile file(".log");
+  readInstance("afiro.mps.gz");
+  logTo(file);
+  optimize();
+  const std::string lp = file.read();
+  EXPECT_NE(lp.find("LP optimal, objective -464.753"), std::string::npos) << lp;
+  readInstance("p0033.mps.gz");
+  logTo(file);
+  optimize();
+  const std::string mip = file.read().substr(lp.size());
+  EXPECT_NE(mip.find("MIP optimal, objective 3089"), std::string::npos) << mip;
+}
+
+TEST_F(SolveLog, OutputFlagZeroSilencesTheEngines) {
+  TempFile file(".log");
+  readInstance("p0033.mps.gz");
+  logTo(file);
+  setInt("OutputFlag", 0);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  EXPECT_EQ(file.read(), "");
+}
+
+}  // namespace
+}  // namespace klotest
