@@ -154,5 +154,26 @@ TEST_F(SolveMip, InfeasibleStatus) {
   EXPECT_EQ(intAttr("SolCount"), 0);
 }
 
+// The knapsack's value first (priority 1), allowed to fall by 2 (to 22),
+// then as few items as possible (objective 1: -count, maximised): a + b
+// (23, two items) beats a + d + e (22, three) and b + c + e (24, three).
+TEST_F(SolveMip, ObjectivesInPriorityWithATolerance) {
+  knapsack();
+  ASSERT_EQ(KLOsetintparam(KLOgetenv(model), "ObjNumber", 0), KLO_OK);
+  ASSERT_EQ(KLOsetintattr(model, "ObjNPriority", 1), KLO_OK);
+  ASSERT_EQ(KLOsetdblattr(model, "ObjNAbsTol", 2), KLO_OK);
+  const int ind[] = {0, 1, 2, 3, 4};
+  const double minusOne[] = {-1, -1, -1, -1, -1};
+  ASSERT_EQ(KLOsetobjectiven(model, 1, 0, 1.0, 0, 0, "items", 0, 5, ind, minusOne), KLO_OK);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  std::vector<double> x = dblArray("X", 5);
+  const double want[] = {1, 1, 0, 0, 0};
+  for (int j = 0; j < 5; ++j) EXPECT_NEAR(x[j], want[j], 1e-6) << j;
+  EXPECT_NEAR(dbl("ObjVal"), 23, 1e-6);
+  ASSERT_EQ(KLOsetintparam(KLOgetenv(model), "ObjNumber", 1), KLO_OK);
+  EXPECT_NEAR(dbl("ObjNVal"), -2, 1e-6);
+}
+
 }  // namespace
 }  // namespace klotest
