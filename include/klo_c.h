@@ -713,7 +713,8 @@ int KLOgetvarbyname(KLOmodel *model, const char *name, int *indexP);
  * ======================================================================== */
 
 /** Adds numconstrs rows sense[k] rhs[k] over the entries cbeg[k] ..
- *  cbeg[k+1]-1 of cind/cval.  constrnames may be null. */
+ *  cbeg[k+1]-1 of cind/cval.  sense, rhs and constrnames may be null
+ *  (senses '<', right-hand sides 0, empty names). */
 int KLOaddconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg, const int *cind,
                   const double *cval, const char *sense, const double *rhs,
                   const char *const *constrnames);
@@ -722,7 +723,8 @@ int KLOaddconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg, c
 int KLOaddrangeconstr(KLOmodel *model, int numnz, const int *cind, const double *cval,
                       double lower, double upper, const char *constrname);
 
-/** Adds numconstrs rows lower[k] <= row k <= upper[k] (layout as KLOaddconstrs). */
+/** Adds numconstrs rows lower[k] <= row k <= upper[k] (layout as
+ *  KLOaddconstrs).  A null lower (upper) array leaves that side unbounded. */
 int KLOaddrangeconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg,
                        const int *cind, const double *cval, const double *lower,
                        const double *upper, const char *const *constrnames);
@@ -925,8 +927,9 @@ int KLOsetmatattrelement(KLOmodel *model, const char *attrname, int element, int
  *  double, or a pointer to an array, as the code says. */
 int KLOcbget(void *cbdata, int where, int what, void *resultP);
 
-/** Proposes a solution (one value per variable, KLO_UNDEFINED for values
- *  to be completed by the library).  *objP receives its objective when it
+/** Proposes a solution (one value per variable; KLO_UNDEFINED, NaN or any
+ *  other value of magnitude KLO_INFINITY or more marks a value to be
+ *  completed by the library).  *objP receives its objective when it
  *  was accepted.  Positive results are refusals (KLO_CB_...). */
 int KLOcbsolution(void *cbdata, const double *solution, double *objP);
 /** The same, for the index-based callback. */

@@ -17,12 +17,10 @@ int KLOaddconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg, c
                   const char* const* constrnames) {
   return changeModel(model, [&] {
     klo::checkCount(numconstrs, "numconstrs");
-    if (numconstrs > 0) {
-      requireArg(sense, "sense");
-      requireArg(rhs, "rhs");
-    }
+    // Null senses mean '<' and null right-hand sides 0.
     std::vector<double> lower(numconstrs), upper(numconstrs);
-    for (int k = 0; k < numconstrs; ++k) klo::senseToBounds(sense[k], rhs[k], lower[k], upper[k]);
+    for (int k = 0; k < numconstrs; ++k)
+      klo::senseToBounds(sense ? sense[k] : '<', rhs ? rhs[k] : 0.0, lower[k], upper[k]);
     klo::addRows(model->data, {numconstrs, numnz, cbeg, cind, cval}, lower.data(), upper.data(),
                  constrnames);
   });

@@ -92,7 +92,9 @@ std::vector<double> SearchState::complete(const double* x, bool& ok) const {
   std::vector<double> lower = problem.colLower, upper = problem.colUpper;
   bool missing = false;
   for (int j = 0; j < n; ++j) {
-    if (full[j] >= kUndefined) missing = true;
+    // Unset: KLO_UNDEFINED, any other value no column can take (magnitude
+    // 1e20 or more, as the object layer's "no value" marker) and NaN.
+    if (!(std::fabs(full[j]) < kInfinity)) missing = true;
     else lower[j] = upper[j] = full[j];
   }
   if (!missing) return full;

@@ -12,17 +12,17 @@ namespace klo {
 void addRows(ModelData& d, const Bulk& rows, const double* lower, const double* upper,
              const char* const* names) {
   rows.check("Number of constraints");
-  if (rows.n > 0 && (!lower || !upper)) fail(KLO_ERROR_NULL_ARGUMENT, "Row bound array is null");
   std::vector<Row> made(rows.n);
   for (int k = 0; k < rows.n; ++k) {
     int lo = rows.first(k);
     made[k].lin = makeSparse(rows.end(k) - lo, rows.ind + lo, rows.val + lo, d.numVars());
-    checkBound(lower[k], "Row lower bound");
-    checkBound(upper[k], "Row upper bound");
-    made[k].lower = normBound(lower[k]);
-    made[k].upper = normBound(upper[k]);
+    // Null bound arrays leave that side of every row unbounded.
+    const double lo_k = lower ? lower[k] : -1e20, up_k = upper ? upper[k] : 1e20;
+    checkBound(lo_k, "Row lower bound");
+    checkBound(up_k, "Row upper bound");
+    made[k].lower = normBound(lo_k);
+    made[k].upper = normBound(up_k);
   }
-  d.rows.reserve(d.rows.size() + rows.n);
   for (int k = 0; k < rows.n; ++k) appendRow(d, std::move(made[k]), names ? names[k] : nullptr);
 }
 

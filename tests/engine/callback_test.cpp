@@ -132,7 +132,9 @@ TEST(Callback, ProposedSolutionsAreCheckedCompletedAndUsed) {
     codes.push_back(callbackSolution(ctx, tooHeavy, nullptr));
     // b, c given; a, d, e left to the engine: e fits (weight 7), a and d do
     // not; the completion is an LP, so the result must be integral to pass.
-    const double partial[] = {0, 1, 1, 0, kUndefined};
+    // Any value beyond the bounds' infinity marks an unset slot, like the
+    // object layer's "no value" marker.
+    const double partial[] = {0, 1, 1, 0, -1.23457e+88};
     codes.push_back(callbackSolution(ctx, partial, &acceptedObj));
     const double worse[] = {1, 0, 0, 0, 0};
     codes.push_back(callbackSolution(ctx, worse, nullptr));

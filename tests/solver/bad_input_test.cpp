@@ -44,9 +44,9 @@ const std::vector<BadCall> kCases = {
        return KLOaddvars(m, 1, 2, kBeg1, nullptr, kVal2, nullptr, nullptr, nullptr, nullptr,
                          nullptr);
      }},
-    {"addconstrs without senses", KLO_ERROR_NULL_ARGUMENT,
+    {"addconstrs without column indices", KLO_ERROR_NULL_ARGUMENT,
      [](KLOmodel* m) {
-       return KLOaddconstrs(m, 1, 2, kBeg1, kInd2, kVal2, nullptr, kRhs1, nullptr);
+       return KLOaddconstrs(m, 1, 2, kBeg1, nullptr, kVal2, nullptr, kRhs1, nullptr);
      }},
     {"addqpterms without values", KLO_ERROR_NULL_ARGUMENT,
      [](KLOmodel* m) { return KLOaddqpterms(m, 1, kInd2, kInd2, nullptr); }},

@@ -31,6 +31,24 @@ TEST_F(Rows, SensesBecomeBounds) {
   EXPECT_EQ(index, 2);
 }
 
+TEST_F(Rows, NullSensesRightHandSidesAndBoundsAreDefaults) {
+  addVars(1);
+  // Empty rows with default sense '<' and right-hand side 0: (-inf, 0].
+  ASSERT_EQ(KLOaddconstrs(model, 2, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr),
+            KLO_OK);
+  const double upper[] = {5};
+  // A null lower array leaves the lower side open.
+  ASSERT_EQ(KLOaddrangeconstrs(model, 1, 0, nullptr, nullptr, nullptr, nullptr, upper, nullptr),
+            KLO_OK);
+  double lo[3], up[3];
+  ASSERT_EQ(KLOgetdblattrarray(model, "LHS", 0, 3, lo), KLO_OK);
+  ASSERT_EQ(KLOgetdblattrarray(model, "RHS", 0, 3, up), KLO_OK);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(lo[i], -KLO_INFINITY) << i;
+  EXPECT_EQ(up[0], 0.0);
+  EXPECT_EQ(up[1], 0.0);
+  EXPECT_EQ(up[2], 5.0);
+}
+
 TEST_F(Rows, RangesAndCoefficients) {
   addVars(3);
   const int ind[] = {2, 0, 2};
