@@ -57,7 +57,7 @@ std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
   return "i" + info.param.name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Shared, SolveInstance, ::testing::ValuesIn(readIndex()), instanceName);
+INSTANTIATE_TEST_SUITE_P(Solve, SolveInstance, ::testing::ValuesIn(readIndex()), instanceName);
 
 }  // namespace
 }  // namespace klotest
