@@ -28,6 +28,8 @@ median_time() {
   done | sort -g | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'
 }
 
+rows=$(mktemp)
+trap 'rm -f "$rows"' EXIT
 printf '%-10s %-4s %10s %10s %7s\n' instance kind klo engine ratio
 tail -n +2 "$instances/index.csv" | while IFS=, read -r name kind file rest; do
   path=$instances/$file
@@ -40,4 +42,7 @@ tail -n +2 "$instances/index.csv" | while IFS=, read -r name kind file rest; do
   fi
   awk -v n="$name" -v k="$kind" -v a="$t_klo" -v b="$t_eng" \
     'BEGIN { printf "%-10s %-4s %10.3f %10.3f %7.3f\n", n, k, a, b, a / b }'
-done | tee /dev/stderr | awk '{ s += log($5); n++ } END { printf "geometric mean of the ratios: %.3f over %d instances\n", exp(s / n), n }'
+done | tee "$rows"
+awk '{ s[$2] += log($5); n[$2]++; t += log($5); m++ }
+     END { for (k in n) printf "geometric mean of the %s ratios: %.3f over %d instances\n", k, exp(s[k] / n[k]), n[k]
+           printf "geometric mean of all ratios: %.3f over %d instances\n", exp(t / m), m }' "$rows"

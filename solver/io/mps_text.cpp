@@ -11,6 +11,7 @@
 namespace klo {
 
 int objectiveSense(const std::string& text) {
+  if (text.find("OBJSENSE") == std::string::npos) return 1;  // most files: skip the line scan
   std::istringstream in(text);
   std::string line;
   bool inSection = false;
