@@ -14,35 +14,14 @@
 #include <string>
 #include <vector>
 
+#include "instance_index.h"
 #include "klo_cpp.h"
 
 namespace {
 
-struct KnownInstance {
-    std::string name;
-    bool mip = false;
-    std::string file;
-    double objective = 0;
-};
-
-void PrintTo(const KnownInstance& k, std::ostream* os) { *os << k.name; }
-
-// index.csv: name,kind,file,rows,cols,integers,objective (a header first).
-std::vector<KnownInstance> readIndex() {
-    std::vector<KnownInstance> all;
-    std::ifstream index(std::string(KLO_INSTANCES_DIR) + "/index.csv");
-    std::string line;
-    std::getline(index, line);
-    while (std::getline(index, line)) {
-        std::stringstream fields(line);
-        std::string field[7];
-        for (std::string& f : field) std::getline(fields, f, ',');
-        if (field[0].empty()) continue;
-        all.push_back({field[0], field[1] == "MIP", std::string(KLO_INSTANCES_DIR) + "/" + field[2],
-                       std::stod(field[6])});
-    }
-    return all;
-}
+using klotest::instancePath;
+using klotest::readIndex;
+using KnownInstance = klotest::Instance;
 
 // Feasibility tolerance for a value whose terms have magnitude scale: the
 // engines work to 1e-7 on scaled data, so unscaled residuals of 1e-6
@@ -57,7 +36,7 @@ protected:
     void SetUp() override {
         env.set(KLO_IntParam_OutputFlag, 0);
         env.start();
-        model = std::make_unique<KLOModel>(env, GetParam().file);
+        model = std::make_unique<KLOModel>(env, instancePath(GetParam()));
         model->optimize();
     }
 
@@ -68,7 +47,7 @@ protected:
         ASSERT_EQ(model->get(KLO_IntAttr_Status), 1) << "not solved to optimality";
         const double obj = model->get(KLO_DoubleAttr_ObjVal);
         double allowed = tolerance(std::fabs(known.objective));
-        if (known.mip) {
+        if (known.mip()) {
             const double gapRel = model->get(KLO_DoubleParam_MIP_GapRel);
             const double gapAbs = model->get(KLO_DoubleParam_MIP_GapAbs);
             allowed +=
@@ -135,7 +114,7 @@ protected:
 };
 
 TEST_P(E2eInstances, SolvesToTheKnownObjectiveWithAFeasibleSolution) {
-    EXPECT_EQ(model->get(KLO_IntAttr_IsInteger), GetParam().mip ? 1 : 0);
+    EXPECT_EQ(model->get(KLO_IntAttr_IsInteger), GetParam().mip() ? 1 : 0);
     expectKnownObjective();
     if (HasFatalFailure()) return;
     expectVariablesWithinBounds();
@@ -143,17 +122,15 @@ TEST_P(E2eInstances, SolvesToTheKnownObjectiveWithAFeasibleSolution) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Shared, E2eInstances, ::testing::ValuesIn(readIndex()),
-                         [](const ::testing::TestParamInfo<KnownInstance>& info) {
-                             return info.param.name;
-                         });
+                         klotest::instanceName);
 
 // The index itself: a missing or unreadable index.csv would otherwise
 // leave the suite above with nothing to run.
 TEST(E2eInstanceIndex, ListsEveryInstanceWithItsKind) {
     const std::vector<KnownInstance> all = readIndex();
     EXPECT_GE(all.size(), 50u);
-    EXPECT_TRUE(std::any_of(all.begin(), all.end(), [](const KnownInstance& k) { return k.mip; }));
-    for (const KnownInstance& k : all) EXPECT_TRUE(std::ifstream(k.file).good()) << k.file;
+    EXPECT_TRUE(std::any_of(all.begin(), all.end(), [](const KnownInstance& k) { return k.mip(); }));
+    for (const KnownInstance& k : all) EXPECT_TRUE(std::ifstream(instancePath(k)).good()) << k.file;
 }
 
 }  // namespace

@@ -3,36 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <sstream>
 
 #include "engine/problem_eval.h"
+#include "instance_index.h"
 #include "klo_c.h"
 #include "problem_builder.h"
 
 namespace klo::engine::test {
 namespace {
 
-struct Instance {
-  std::string name, kind, file;
-  double objective = 0.0;
-};
-
-// The instances of index.csv, of one kind ("LP", "MIP") or all ("").
-std::vector<Instance> readIndex(const std::string& kind = "") {
-  std::vector<Instance> out;
-  std::ifstream in(std::string(KLO_INSTANCES_DIR) + "/index.csv");
-  std::string line;
-  std::getline(in, line);  // header: name,kind,file,rows,cols,integers,objective
-  while (std::getline(in, line)) {
-    std::stringstream ss(line);
-    std::vector<std::string> f;
-    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
-    if (f.size() == 7 && (kind.empty() || f[1] == kind))
-      out.push_back(Instance{f[0], f[1], f[2], std::stod(f[6])});
-  }
-  return out;
-}
+using klotest::Instance;
+using klotest::instanceName;
+using klotest::readIndex;
 
 class InstanceSolve : public ::testing::TestWithParam<Instance> {};
 class LpInstanceSolve : public ::testing::TestWithParam<Instance> {};
@@ -56,7 +38,7 @@ void expectOptimum(const Instance& inst, const Problem& p, const Settings& s, co
 
 TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
   const Instance& inst = GetParam();
-  Problem p = readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + inst.file);
+  Problem p = readMpsProblem(klotest::instancePath(inst));
   ASSERT_EQ(p.isMip(), inst.kind == "MIP");
   Settings s = quietSettings();
   expectOptimum(inst, p, s, engineFor(p)->solve(p, s));
@@ -65,7 +47,7 @@ TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
 // LPs also with every other method, and without presolve.
 TEST_P(LpInstanceSolve, EveryMethodReachesIt) {
   const Instance& inst = GetParam();
-  Problem p = readMpsProblem(std::string(KLO_INSTANCES_DIR) + "/" + inst.file);
+  Problem p = readMpsProblem(klotest::instancePath(inst));
   for (LpMethod m : {LpMethod::Primal, LpMethod::Barrier, LpMethod::Dual}) {
     for (int presolve : {0, 1}) {
       SCOPED_TRACE(testing::Message() << "method " << static_cast<int>(m) << " presolve " << presolve);
@@ -75,10 +57,6 @@ TEST_P(LpInstanceSolve, EveryMethodReachesIt) {
       expectOptimum(inst, p, s, makeClpEngine()->solve(p, s));
     }
   }
-}
-
-std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
-  return "i" + info.param.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Shared, InstanceSolve, ::testing::ValuesIn(readIndex()), instanceName);

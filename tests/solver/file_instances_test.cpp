@@ -1,44 +1,20 @@
 // The shared instances: each reads with the dimensions of index.csv and
 // survives a write and read in both formats.
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <vector>
 
+#include "instance_index.h"
 #include "model_snapshot.h"
 #include "test_support.h"
 
 namespace {
 
-struct Instance {
-  std::string name, file;
-  int rows, cols, integers;
-};
-
-std::string instancesDir() {
-  const char* dir = std::getenv("KLO_INSTANCES_DIR");
-  return dir && *dir ? dir : KLO_INSTANCES_DIR;
-}
-
-std::vector<Instance> instances() {
-  std::ifstream in(instancesDir() + "/index.csv");
-  std::vector<Instance> out;
-  std::string line;
-  std::getline(in, line);  // header
-  while (std::getline(in, line)) {
-    std::stringstream ss(line);
-    std::vector<std::string> f;
-    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
-    if (f.size() < 6) continue;
-    out.push_back({f[0], f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5])});
-  }
-  return out;
-}
+using klotest::Instance;
+using klotest::instancesDir;
 
 using Instances = klotest::EnvTest;
 
 TEST_F(Instances, EveryInstanceReadsWithItsDimensionsAndRoundTrips) {
-  std::vector<Instance> all = instances();
+  std::vector<Instance> all = klotest::readIndex();
   ASSERT_GE(all.size(), 50u) << "index.csv not found in " << instancesDir();
   for (const Instance& inst : all) {
     SCOPED_TRACE(inst.name);

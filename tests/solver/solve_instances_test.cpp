@@ -2,32 +2,12 @@
 // to the optimal objective of index.csv: LPs to a relative 1e-6, MIPs
 // within the gap tolerances the search stops at.
 #include <cmath>
-#include <fstream>
-#include <sstream>
 
+#include "instance_index.h"
 #include "solve_fixture.h"
 
 namespace klotest {
 namespace {
-
-struct Instance {
-  std::string name, kind, file;
-  double objective = 0.0;
-};
-
-std::vector<Instance> readIndex() {
-  std::vector<Instance> out;
-  std::ifstream in(std::string(KLO_INSTANCES_DIR) + "/index.csv");
-  std::string line;
-  std::getline(in, line);  // name,kind,file,rows,cols,integers,objective
-  while (std::getline(in, line)) {
-    std::stringstream ss(line);
-    std::vector<std::string> f;
-    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
-    if (f.size() == 7) out.push_back(Instance{f[0], f[1], f[2], std::stod(f[6])});
-  }
-  return out;
-}
 
 class SolveInstance : public SolveTest, public ::testing::WithParamInterface<Instance> {};
 
@@ -51,10 +31,6 @@ TEST_P(SolveInstance, ReachesTheKnownOptimum) {
   EXPECT_NEAR(obj, inst.objective, allowed);
   EXPECT_LE(std::fabs(obj - bound), allowed);
   EXPECT_LE(dbl("MIP/GapAbs"), allowed);
-}
-
-std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
-  return "i" + info.param.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(Solve, SolveInstance, ::testing::ValuesIn(readIndex()), instanceName);
