@@ -20,12 +20,12 @@ struct Tsp {
                                               {10, 1}, {5, 8}, {6, 8}, {5, 9}};
   Tsp() = default;
   // n cities spread by a fixed pseudo-random sequence.
-  Tsp(int n, unsigned seed) : city() {
+  Tsp(int n, unsigned rng) : city() {
     for (int k = 0; k < n; ++k) {
-      seed = seed * 1103515245u + 12345u;
-      double x = (seed >> 8) % 1000 / 10.0;
-      seed = seed * 1103515245u + 12345u;
-      city.emplace_back(x, (seed >> 8) % 1000 / 10.0);
+      rng = rng * 1103515245u + 12345u;
+      double x = (rng >> 8) % 1000 / 10.0;
+      rng = rng * 1103515245u + 12345u;
+      city.emplace_back(x, (rng >> 8) % 1000 / 10.0);
     }
   }
   int n() const { return static_cast<int>(city.size()); }
@@ -127,13 +127,13 @@ TEST(LazyConstraints, SubtourRowsGivenAtIncumbentsGiveTheShortestTour) {
 
 // Scattered cities, where the search must branch with lazy rows about.
 TEST(LazyConstraints, ScatteredCities) {
-  for (unsigned seed : {1u, 2u, 3u}) {
-    Tsp tsp(9, seed);
+  for (unsigned rng : {1u, 2u, 3u}) {
+    Tsp tsp(9, rng);
     int candidates = 0, rowsAdded = 0;
     Result r = solveTsp(tsp, candidates, rowsAdded);
-    ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL) << seed;
-    EXPECT_EQ(tsp.component(r.x.data(), 0).size(), static_cast<size_t>(tsp.n())) << seed;
-    EXPECT_NEAR(r.objective, tsp.bruteForce(), 1e-6) << seed;
+    ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL) << rng;
+    EXPECT_EQ(tsp.component(r.x.data(), 0).size(), static_cast<size_t>(tsp.n())) << rng;
+    EXPECT_NEAR(r.objective, tsp.bruteForce(), 1e-6) << rng;
   }
 }
 
