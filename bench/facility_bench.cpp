@@ -24,6 +24,7 @@
 
 #include "klo_c.h"
 #include "klo_cpp.h"
+#include "quiet_env.h"
 
 namespace {
 
@@ -42,16 +43,6 @@ struct Size {
     int y(int f, int k) const { return 2 * f + k; }
     int d() const { return 2 * n; }
 };
-
-KLOEnv& quietEnv() {
-    static KLOEnv env = [] {
-        KLOEnv e(true);
-        e.set(KLO_IntParam_OutputFlag, 0);
-        e.start();
-        return e;
-    }();
-    return env;
-}
 
 // --- the object layer ------------------------------------------------------
 

@@ -8,21 +8,12 @@
 #include <vector>
 
 #include "klo_cpp.h"
+#include "quiet_env.h"
 
 namespace {
 
 constexpr int kVars = 1000;
 constexpr int kRowTerms = 10;
-
-KLOEnv& quietEnv() {
-    static KLOEnv env = [] {
-        KLOEnv e(true);
-        e.set(KLO_IntParam_OutputFlag, 0);
-        e.start();
-        return e;
-    }();
-    return env;
-}
 
 // A model of kVars continuous variables.
 struct Columns {
