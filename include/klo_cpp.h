@@ -755,6 +755,10 @@ public:
     KLOLinExpr operator+(const KLOLinExpr& e);
     /// A copy of this expression, then -= e.
     KLOLinExpr operator-(const KLOLinExpr& e);
+    /// A copy of this expression, then += x (no temporary expression).
+    KLOLinExpr operator+(const KLOVar& x);
+    /// A copy of this expression, then -= x.
+    KLOLinExpr operator-(const KLOVar& x);
 
     /// Removes term i.
     void remove(int i);

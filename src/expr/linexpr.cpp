@@ -100,6 +100,18 @@ KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) { return ::operator+(*this
 
 KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) { return ::operator-(*this, e); }
 
+KLOLinExpr KLOLinExpr::operator+(const KLOVar& x) {
+    KLOLinExpr sum(*this);
+    sum += x;
+    return sum;
+}
+
+KLOLinExpr KLOLinExpr::operator-(const KLOVar& x) {
+    KLOLinExpr difference(*this);
+    difference -= x;
+    return difference;
+}
+
 void KLOLinExpr::remove(int i) {
     vars_->remove(i);
     coeffs_->remove(i);

@@ -85,6 +85,15 @@ TEST_F(LinExpr, SumsShareTheLeftOperandsBufferWithoutDisturbingIt) {
     EXPECT_EQ(coeffs(e), (std::vector<double>{1, 2}));
     EXPECT_EQ(coeffs(f), (std::vector<double>{1, 2, 3}));
     EXPECT_EQ(coeffs(g), (std::vector<double>{1, 2, -4}));
+    // A variable on the right appends (+-1, var) to a copy, like the
+    // expression form, and leaves the left operand alone.
+    KLOLinExpr h = e + y;
+    KLOLinExpr k = e - x;
+    EXPECT_EQ(coeffs(h), (std::vector<double>{1, 2, 1}));
+    EXPECT_EQ(vars(h), (std::vector<int>{0, 1, 1}));
+    EXPECT_EQ(coeffs(k), (std::vector<double>{1, 2, -1}));
+    EXPECT_EQ(vars(k), (std::vector<int>{0, 1, 0}));
+    EXPECT_EQ(e.size(), 2);
 }
 
 TEST_F(LinExpr, ScalingKeepsTermsAndFollowsIEEE) {
