@@ -42,6 +42,7 @@ int solve(KLOEnv& env, const klo_cl::Options& options) {
         return fail("cannot read " + options.modelFile, e, env.getErrorMsg());
     }
     try {
+        klo_cl::printModelSize(*model, options.modelFile, std::cout);
         model->optimize();
         klo_cl::printSummary(*model, std::cout);
         for (const std::string& file : options.resultFiles) {

@@ -52,6 +52,12 @@ std::string optional(const KLOModel& model, KLO_DoubleAttr attr, const char* for
 
 }  // namespace
 
+void printModelSize(const KLOModel& model, const std::string& file, std::ostream& out) {
+    out << "Read " << file << ": " << model.get(KLO_IntAttr_NumConstrs) << " rows, "
+        << model.get(KLO_IntAttr_NumVars) << " columns (" << model.get(KLO_IntAttr_NumIntVars)
+        << " integer), " << model.get(KLO_IntAttr_NumNZs) << " nonzeros\n";
+}
+
 void printSummary(const KLOModel& model, std::ostream& out) {
     const bool mip = model.get(KLO_IntAttr_IsInteger) != 0;
     const bool solution = model.get(KLO_IntAttr_HasSolution) != 0;
