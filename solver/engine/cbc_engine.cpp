@@ -248,6 +248,9 @@ class CbcRun {
 
 }  // namespace
 
-std::unique_ptr<Engine> makeCbcEngine() { return std::make_unique<RunEngine<CbcRun>>(); }
-
 }  // namespace klo::engine
+
+// The entry point through which the solver library loads this engine.
+extern "C" klo::engine::Engine* klo_new_cbc_engine() {
+  return new klo::engine::RunEngine<klo::engine::CbcRun>();
+}
