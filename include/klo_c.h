@@ -541,7 +541,10 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *  "Method" 0 primal simplex, 1 dual simplex, 2 barrier followed by a
  *  crossover to a basic solution.  A model with integer or binary
  *  variables or SOS sets (type 1 and 2) is solved by Cbc with its cut
- *  generators and heuristics, starting from "Start" when values are set.
+ *  generators and heuristics, starting from "Start" when values are set;
+ *  that engine is the library libklo_cbc, installed beside libklo and
+ *  loaded on the first MIP solve (KLO_ERROR_NOT_SUPPORTED when it cannot
+ *  be loaded).
  *  A model with several objectives (KLOsetobjectiven) is solved in passes:
  *  objectives of equal priority are blended by their weights, higher
  *  priorities first, and each later pass keeps the earlier passes'
