@@ -17,13 +17,18 @@ bool Problem::isMip() const {
 
 namespace {
 
-void require(bool ok, const std::string& what) {
-  if (!ok) fail(KLO_ERROR_INVALID_ARGUMENT, "engine problem: " + what);
+// Messages are built only on failure: these checks run over every entry.
+[[noreturn]] void reject(const std::string& what) {
+  fail(KLO_ERROR_INVALID_ARGUMENT, "engine problem: " + what);
+}
+
+void require(bool ok, const char* what) {
+  if (!ok) reject(what);
 }
 
 void checkValues(const std::vector<double>& v, const char* name) {
   for (size_t k = 0; k < v.size(); ++k)
-    require(!std::isnan(v[k]), std::string(name) + "[" + std::to_string(k) + "] is NaN");
+    if (std::isnan(v[k])) reject(std::string(name) + "[" + std::to_string(k) + "] is NaN");
 }
 
 void checkMatrix(const Problem& p) {
@@ -34,7 +39,7 @@ void checkMatrix(const Problem& p) {
               p.index.size() == p.value.size(),
           "matrix start does not match the entries");
   for (size_t k = 0; k + 1 < p.start.size(); ++k)
-    require(p.start[k] <= p.start[k + 1], "matrix start decreases at " + std::to_string(k));
+    if (p.start[k] > p.start[k + 1]) reject("matrix start decreases at " + std::to_string(k));
   for (int i : p.index) require(i >= 0 && i < minors, "matrix index out of range");
   checkValues(p.value, "matrix value");
 }
@@ -62,8 +67,8 @@ void checkProblem(const Problem& p) {
           "basis longer than the problem");
   for (const std::vector<int>* basis : {&p.colBasis, &p.rowBasis})
     for (int code : *basis)
-      require(code >= KLO_BASIS_LOWER && code <= KLO_BASIS_FIXED,
-              "basis code " + std::to_string(code) + " is not a KLO_BASIS_... value");
+      if (code < KLO_BASIS_LOWER || code > KLO_BASIS_FIXED)
+        reject("basis code " + std::to_string(code) + " is not a KLO_BASIS_... value");
   require(!std::isnan(p.objConstant), "objective constant is NaN");
   checkValues(p.obj, "obj");
   checkValues(p.colLower, "colLower");

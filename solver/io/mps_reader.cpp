@@ -3,6 +3,7 @@
 #include <CoinPackedMatrix.hpp>
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <memory>
 #include <sstream>
 
@@ -39,8 +40,47 @@ class FirstProblem : public CoinMessageHandler {
   std::string first_;
 };
 
+// Serves CoinMpsIO's card reader from a string: a temporary file would cost
+// more than the whole read on small models (create, write, unlink).
+class TextInput : public CoinFileInput {
+ public:
+  TextInput(const std::string& name, const std::string& text) : CoinFileInput(name), text_(text) {
+    readType_ = "plain";
+  }
+  int read(void* buffer, int size) override {
+    size_t n = std::min(static_cast<size_t>(std::max(size, 0)), text_.size() - pos_);
+    std::memcpy(buffer, text_.data() + pos_, n);
+    pos_ += n;
+    return static_cast<int>(n);
+  }
+  char* gets(char* buffer, int size) override {
+    if (size <= 0 || pos_ == text_.size()) return nullptr;
+    size_t limit = std::min(static_cast<size_t>(size - 1), text_.size() - pos_);
+    size_t end = text_.find('\n', pos_);
+    size_t n = end == std::string::npos || end - pos_ + 1 > limit ? limit : end - pos_ + 1;
+    std::memcpy(buffer, text_.data() + pos_, n);
+    buffer[n] = '\0';
+    pos_ += n;
+    return buffer;
+  }
+
+ private:
+  const std::string& text_;
+  size_t pos_ = 0;
+};
+
+// CoinMpsIO reads only named files; its card reader is the one way in.
+class TextMpsIO : public CoinMpsIO {
+ public:
+  int readText(const std::string& name, const std::string& text, int& numSets, CoinSet**& sets) {
+    delete cardReader_;
+    cardReader_ = new CoinMpsCardReader(new TextInput(name, text), this);
+    return readMps(numSets, sets);
+  }
+};
+
 struct Attempt {
-  std::unique_ptr<CoinMpsIO> io = std::make_unique<CoinMpsIO>();
+  std::unique_ptr<TextMpsIO> io = std::make_unique<TextMpsIO>();
   FirstProblem handler;
   int numSets = 0;
   CoinSet** sets = nullptr;
@@ -51,19 +91,18 @@ struct Attempt {
   }
 };
 
-std::unique_ptr<Attempt> attempt(const std::string& text) {
-  TempPath tmp;
-  writeTextFile(tmp.path(), text);
+// The text must outlive the attempt's reading, not the attempt.
+std::unique_ptr<Attempt> attempt(const std::string& path, const std::string& text) {
   auto a = std::make_unique<Attempt>();
   a->io->passInMessageHandler(&a->handler);
-  a->status = a->io->readMps(tmp.path().c_str(), "", a->numSets, a->sets);
+  a->status = a->io->readText(path, text, a->numSets, a->sets);
   return a;
 }
 
 double bound(double v) { return normBound(v); }
 
 // "path:line: what" from a CoinMpsIO message such as "Bad image at line 6
-// < x obj abc >" (its file name is our temporary copy's).
+// < x obj abc >".
 std::string complaint(const std::string& path, std::string msg) {
   if (msg.empty()) return path + ": not a valid MPS file";
   size_t file = msg.find(" of file ");
@@ -157,9 +196,11 @@ void copyQuadratic(CoinMpsIO& io, const std::string& path, ModelData& d) {
 ModelData readMps(const std::string& path) {
   std::string original = readTextFile(path);
   std::string text = withoutObjsense(qmatrixAsQuadobj(original));
-  std::unique_ptr<Attempt> a = attempt(text);
+  std::unique_ptr<Attempt> a = attempt(path, text);
+  std::string free;
   if (a->status != 0) {
-    std::unique_ptr<Attempt> retry = attempt(markedFree(text));
+    free = markedFree(text);
+    std::unique_ptr<Attempt> retry = attempt(path, free);
     if (retry->status == 0) a = std::move(retry);
   }
   if (a->status != 0) fail(KLO_ERROR_FILE_READ, complaint(path, a->handler.first()));
