@@ -5,7 +5,7 @@
 # the same settings: dual simplex with presolve for LPs; for MIPs Cbc's
 # defaults with klo's default gaps and integrality tolerance.  Prints the
 # median wall time of each over the repeats, their ratio, and the geometric
-# mean of the ratios.
+# mean of the ratios. The two programs run alternately, repeats times each.
 #
 # usage: bench/compare_engines.sh [build-dir] [instances-dir] [repeats]
 # Use a release build (cmake -DCMAKE_BUILD_TYPE=Release), not a sanitised one.
@@ -18,28 +18,37 @@ klo_cl=$build/tools/klo_cl
 command -v clp >/dev/null && command -v cbc >/dev/null ||
   { echo "clp and cbc are needed (./setup.sh installs them)" >&2; exit 1; }
 
-# Median wall time in seconds of running "$@" $repeats times.
-median_time() {
-  for _ in $(seq "$repeats"); do
-    start=$(date +%s.%N)
-    "$@" >/dev/null 2>&1 || { echo "failed: $*" >&2; exit 1; }
-    end=$(date +%s.%N)
-    awk -v a="$start" -v b="$end" 'BEGIN { print b - a }'
-  done | sort -g | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'
+# Wall time in seconds of one run of "$@".
+wall_time() {
+  start=$(date +%s.%N)
+  "$@" >/dev/null 2>&1 || { echo "failed: $*" >&2; exit 1; }
+  end=$(date +%s.%N)
+  awk -v a="$start" -v b="$end" 'BEGIN { print b - a }'
 }
 
+median() { sort -g | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'; }
+
 rows=$(mktemp)
-trap 'rm -f "$rows"' EXIT
+trap 'rm -f "$rows" "$rows.klo" "$rows.eng"' EXIT
 printf '%-10s %-4s %10s %10s %7s\n' instance kind klo engine ratio
 tail -n +2 "$instances/index.csv" | while IFS=, read -r name kind file rest; do
   path=$instances/$file
-  t_klo=$(median_time "$klo_cl" OutputFlag=0 "$path")
   if [ "$kind" = LP ]; then
-    t_eng=$(median_time clp "$path" -log 0 -presolve on -dualsimplex -quit)
+    set -- clp "$path" -log 0 -presolve on -dualsimplex -quit
   else
-    t_eng=$(median_time cbc "$path" -log 0 -timeMode elapsed -allowableGap 1e-06 \
-      -ratioGap 0.0001 -integerTolerance 1e-06 -solve -quit)
+    set -- cbc "$path" -log 0 -timeMode elapsed -allowableGap 1e-06 \
+      -ratioGap 0.0001 -integerTolerance 1e-06 -solve -quit
   fi
+  # Alternate the two programs so that a change in the machine's speed
+  # during the run affects both alike.
+  : >"$rows.klo"
+  : >"$rows.eng"
+  for _ in $(seq "$repeats"); do
+    wall_time "$klo_cl" OutputFlag=0 "$path" >>"$rows.klo"
+    wall_time "$@" >>"$rows.eng"
+  done
+  t_klo=$(median <"$rows.klo")
+  t_eng=$(median <"$rows.eng")
   awk -v n="$name" -v k="$kind" -v a="$t_klo" -v b="$t_eng" \
     'BEGIN { printf "%-10s %-4s %10.3f %10.3f %7.3f\n", n, k, a, b, a / b }'
 done | tee "$rows"

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <memory>
 #include <sstream>
+#include <utility>
 
 #include "common/error.h"
 #include "common/text.h"
@@ -118,6 +119,10 @@ std::string complaint(const std::string& path, std::string msg) {
 
 void copyColumns(const CoinMpsIO& io, ModelData& d) {
   int n = io.getNumCols();
+  d.type.reserve(n);
+  d.lb.reserve(n);
+  d.ub.reserve(n);
+  d.start.reserve(n);
   for (int j = 0; j < n; ++j) {
     int kind = io.isIntegerOrSemiContinuous(j);
     double lb = bound(io.getColLower()[j]), ub = bound(io.getColUpper()[j]);
@@ -137,15 +142,18 @@ void copyRows(const CoinMpsIO& io, ModelData& d) {
   byRow.reverseOrdering();  // row-major
   int m = io.getNumRows();
   d.rows.resize(m);
+  std::vector<std::pair<int, double>> e;
   for (int i = 0; i < m; ++i) {
     Row& r = d.rows[i];
     r.lower = bound(io.getRowLower()[i]);
     r.upper = bound(io.getRowUpper()[i]);
     CoinShallowPackedVector v = byRow.getVector(i);
-    std::vector<std::pair<int, double>> e;
+    e.clear();
     for (int k = 0; k < v.getNumElements(); ++k)
       if (v.getElements()[k] != 0.0) e.emplace_back(v.getIndices()[k], v.getElements()[k]);
     std::sort(e.begin(), e.end());
+    r.lin.ind.reserve(e.size());
+    r.lin.val.reserve(e.size());
     for (const auto& [j, a] : e) {
       r.lin.ind.push_back(j);
       r.lin.val.push_back(a);
@@ -194,8 +202,9 @@ void copyQuadratic(CoinMpsIO& io, const std::string& path, ModelData& d) {
 }  // namespace
 
 ModelData readMps(const std::string& path) {
-  std::string original = readTextFile(path);
-  std::string text = withoutObjsense(qmatrixAsQuadobj(original));
+  std::string text = readTextFile(path);
+  const int sense = objectiveSense(text);
+  text = withoutObjsense(qmatrixAsQuadobj(std::move(text)));
   std::unique_ptr<Attempt> a = attempt(path, text);
   std::string free;
   if (a->status != 0) {
@@ -206,7 +215,7 @@ ModelData readMps(const std::string& path) {
   if (a->status != 0) fail(KLO_ERROR_FILE_READ, complaint(path, a->handler.first()));
   ModelData d;
   d.name = a->io->getProblemName();
-  d.sense = objectiveSense(original);
+  d.sense = sense;
   copyColumns(*a->io, d);
   copyRows(*a->io, d);
   copySets(*a, d);

@@ -39,7 +39,7 @@ std::string markedFree(const std::string& text) {
          (eol == std::string::npos ? "" : text.substr(eol));
 }
 
-std::string withoutObjsense(const std::string& text) {
+std::string withoutObjsense(std::string text) {
   if (text.find("OBJSENSE") == std::string::npos) return text;
   std::istringstream in(text);
   std::ostringstream out;
@@ -53,7 +53,7 @@ std::string withoutObjsense(const std::string& text) {
   return out.str();
 }
 
-std::string qmatrixAsQuadobj(const std::string& text) {
+std::string qmatrixAsQuadobj(std::string text) {
   if (text.find("QMATRIX") == std::string::npos) return text;
   std::istringstream in(text);
   std::ostringstream out;

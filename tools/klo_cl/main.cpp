@@ -5,6 +5,7 @@
 // library refused something (unreadable file, value out of range, ...), 2
 // for a command line that cannot be used.
 #include <klo_cpp.h>
+#include <malloc.h>
 
 #include <iostream>
 #include <memory>
@@ -34,6 +35,15 @@ int fail(const std::string& what, const KLOException& e, const std::string& deta
     return 1;
 }
 
+// The simplex engine frees and reallocates its factorisation, a little
+// larger each time; with glibc's default thresholds each of these goes back
+// to the system and returns as fresh pages to fault in. A short-lived solver
+// process does better keeping freed memory for reuse.
+void keepFreedMemory() {
+    mallopt(M_MMAP_THRESHOLD, 16 << 20);
+    mallopt(M_TRIM_THRESHOLD, 64 << 20);
+}
+
 int solve(KLOEnv& env, const klo_cl::Options& options) {
     std::unique_ptr<KLOModel> model;
     try {
@@ -58,6 +68,7 @@ int solve(KLOEnv& env, const klo_cl::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    keepFreedMemory();
     klo_cl::Options options;
     try {
         options = klo_cl::parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
