@@ -207,6 +207,7 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_CBINFO_RUNTIME 302     /**< double: seconds since KLOoptimize began */
 #define KLO_CBINFO_SOLUTION_IDX 303 /**< double array: the new incumbent (KLO_CB_MIPSOL), one value per variable */
 #define KLO_CBINFO_NODEREL_IDX 304 /**< double array: the node relaxation (KLO_CB_MIPNODE), one value per variable */
+#define KLO_CBINFO_MSG_STRING 305  /**< const char *: the log line, without its newline (KLO_CB_MESSAGE) */
 #define KLO_CBINFO_NODECOUNT 306   /**< int: nodes explored */
 #define KLO_CBINFO_NODELEFT 307    /**< int: open nodes */
 #define KLO_CBINFO_SOLCOUNT 308    /**< int: solutions found */
@@ -618,10 +619,13 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *
  *  Callbacks (KLOsetcallbackfunc) are called at KLO_CB_SIMPLEX (each
  *  simplex iteration), KLO_CB_BARRIER (each barrier iteration), KLO_CB_MIP
- *  (search progress), KLO_CB_MIPSOL (each new incumbent) and KLO_CB_MIPNODE
+ *  (search progress), KLO_CB_MIPSOL (each new incumbent), KLO_CB_MIPNODE
  *  (node relaxations; the root and the nodes Cbc solves inside its own LP
- *  solver are not all seen); KLO_CB_POLLING, KLO_CB_PRESOLVE and
- *  KLO_CB_MESSAGE are not raised.  With a callback the MIP runs without
+ *  solver are not all seen) and KLO_CB_MESSAGE (each line the engines write
+ *  to the log, KLO_CBINFO_MSG_STRING; raised whenever "OutputFlag" is 1,
+ *  even with "LogToConsole" 0 and no "LogFile"; a stop asked there takes
+ *  effect at the next of the other locations).  KLO_CB_POLLING and
+ *  KLO_CB_PRESOLVE are not raised.  With a callback the MIP runs without
  *  preprocessing, so that the callback sees the model's own columns.
  *  During the solve the model is busy: changing, freeing or solving it
  *  from its callback gives KLO_ERROR_BUSY.  A failed KLOoptimize leaves

@@ -87,6 +87,8 @@ int callbackGet(const CallbackContext& c, int where, int what, void* result) {
     case KLO_CBINFO_ITERCOUNT: return putInt(result, c.iterCount);
     default: break;
   }
+  if (what == KLO_CBINFO_MSG_STRING)
+    return where == c.where && c.message ? putArray(result, c.message) : KLO_ERROR_CALLBACK_WHERE;
   const bool solutionCode = what == KLO_CBINFO_SOLUTION_IDX || what == KLO_CBINFO_SOLUTION;
   if (!solutionCode && !isNodeCode(what) && !isSearchCode(what)) return KLO_ERROR_CALLBACK_INFO;
   if (where != c.where) return KLO_ERROR_CALLBACK_WHERE;

@@ -46,6 +46,7 @@ struct CallbackContext {
   const double* nodeLower = nullptr;       // KLO_CB_MIPNODE
   const double* nodeUpper = nullptr;       // KLO_CB_MIPNODE
   const int* isInteger = nullptr;          // MIP locations
+  const char* message = nullptr;           // KLO_CB_MESSAGE: the log line
 
   CallbackActions* actions = nullptr;  // null where nothing may be submitted
   // Cuts are taken at KLO_CB_MIPSOL too, as lazy constraints.

@@ -5,6 +5,7 @@
 
 #include "common/error.h"
 #include "engine/engine.h"
+#include "solve/message_relay.h"
 #include "solve/objectives.h"
 #include "solve/problem_from_model.h"
 #include "solve/settings_from_params.h"
@@ -25,8 +26,9 @@ void optimize(KLOmodel& m) {
   const auto started = std::chrono::steady_clock::now();
   refuseUnsupported(m.data, "KLOoptimize");
   const engine::Problem p = problemFromModel(m.data);
-  const engine::Settings s = settingsFromParams(m.env);
-  const engine::Callback cb = userCallback(m);
+  engine::Settings s = settingsFromParams(m.env);
+  engine::Callback cb = userCallback(m);
+  relayMessages(p, m.env.params.getInt("OutputFlag") != 0, s, cb);
   engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
                                                   : engine::engineFor(p)->solve(p, s, cb);
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;

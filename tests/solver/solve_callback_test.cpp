@@ -1,6 +1,7 @@
 // The user's callback through the C interface: what it sees, how it stops
 // a solve, and that the model cannot be changed or solved from inside it.
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include "solve_fixture.h"
@@ -110,6 +111,63 @@ TEST_F(SolveCallback, StopDuringTheSimplexMethod) {
   optimize();
   EXPECT_EQ(intAttr("Status"), KLO_STATUS_INTERRUPTED);
   EXPECT_LE(intAttr("SPX/NumIters"), 5);
+}
+
+// The log's lines at KLO_CB_MESSAGE: their text, and a stop asked there.
+struct Messages {
+  std::vector<std::string> lines;
+  int simplexCalls = 0;
+  int textAtSimplex = KLO_OK;  // KLOcbget of the text away from KLO_CB_MESSAGE
+  bool stop = false;
+};
+
+int messageRecorder(const void*, void* cbdata, int where, const void* usrdata) {
+  Messages& m = *static_cast<Messages*>(const_cast<void*>(usrdata));
+  const char* text = nullptr;
+  if (where == KLO_CB_SIMPLEX) {
+    ++m.simplexCalls;
+    m.textAtSimplex = KLOcbget(cbdata, where, KLO_CBINFO_MSG_STRING, &text);
+  }
+  if (where != KLO_CB_MESSAGE) return 0;
+  EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_MSG_STRING, &text), KLO_OK);
+  if (text) m.lines.emplace_back(text);
+  return m.stop ? KLO_CB_STOP : 0;
+}
+
+TEST_F(SolveCallback, LogLinesReachTheCallbackWithTheConsoleOff) {
+  readInstance("afiro.mps.gz");  // the fixture's environment prints nowhere
+  Messages m;
+  ASSERT_EQ(KLOsetcallbackfunc(model, messageRecorder, &m), KLO_OK);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  ASSERT_FALSE(m.lines.empty());
+  for (const std::string& line : m.lines) EXPECT_EQ(line.find('\n'), std::string::npos) << line;
+  EXPECT_GT(m.simplexCalls, 0);
+  EXPECT_EQ(m.textAtSimplex, KLO_ERROR_CALLBACK_WHERE);
+}
+
+TEST_F(SolveCallback, OutputFlagZeroRaisesNoMessages) {
+  readInstance("afiro.mps.gz");
+  setInt("OutputFlag", 0);
+  setInt("Presolve", 0);
+  Messages m;
+  ASSERT_EQ(KLOsetcallbackfunc(model, messageRecorder, &m), KLO_OK);
+  optimize();
+  EXPECT_TRUE(m.lines.empty());
+  EXPECT_GT(m.simplexCalls, 0) << "the other locations still are";
+}
+
+TEST_F(SolveCallback, StopAskedAtAMessageInterruptsTheSolve) {
+  for (const char* instance : {"25fv47.mps.gz", "stein27.mps.gz"}) {
+    readInstance(instance);
+    setInt("Presolve", 0);
+    Messages m;
+    m.stop = true;
+    ASSERT_EQ(KLOsetcallbackfunc(model, messageRecorder, &m), KLO_OK);
+    optimize();
+    EXPECT_EQ(intAttr("Status"), KLO_STATUS_INTERRUPTED) << instance;
+    EXPECT_EQ(m.lines.size(), 1u) << "no message after the stop: " << instance;
+  }
 }
 
 // Kept past its callback, cbdata is refused rather than followed.

@@ -1,0 +1,24 @@
+// Log lines of a solve as KLO_CB_MESSAGE callbacks.
+#ifndef KLO_SOLVER_SOLVE_MESSAGE_RELAY_H
+#define KLO_SOLVER_SOLVE_MESSAGE_RELAY_H
+
+#include <memory>
+
+#include "engine/callback_context.h"
+#include "engine/problem.h"
+#include "engine/settings.h"
+
+namespace klo {
+
+// With a user callback, every line the engines write to the log also reaches
+// the callback at KLO_CB_MESSAGE, even when the log is printed nowhere;
+// outputOn false ("OutputFlag" 0) still silences everything. A stop asked there takes
+// effect at the engine's next callback location, where callback returns
+// KLO_CB_STOP without calling the user again. Changes s and callback in
+// place; nothing changes without a callback.
+void relayMessages(const engine::Problem& p, bool outputOn, engine::Settings& s,
+                   engine::Callback& callback);
+
+}  // namespace klo
+
+#endif
