@@ -12,7 +12,8 @@ std::string readTextFile(const std::string& path);
 // Throws KLO_ERROR_FILE_WRITE.
 void writeTextFile(const std::string& path, const std::string& text);
 
-// A private temporary file, removed when the object goes.
+// A private temporary file for libraries that only write to named files,
+// removed when the object goes: in memory where the system allows.
 class TempPath {
  public:
   TempPath();
@@ -23,6 +24,7 @@ class TempPath {
 
  private:
   std::string path_;
+  int fd_ = -1;  // of the in-memory file, kept open to keep it alive
 };
 
 }  // namespace klo
