@@ -199,6 +199,16 @@ void copyQuadratic(CoinMpsIO& io, const std::string& path, ModelData& d) {
     fail(KLO_ERROR_FILE_READ, path + ": malformed QUADOBJ section");
 }
 
+// CoinMpsIO reads a repeated row name as a second row (entries naming it go
+// to the first) and a column whose entries are not together as a second
+// column of the same name. Both are guesses at a malformed file: refused.
+void refuseRepeatedNames(const std::string& path, const NameTable& names, const char* what) {
+  if (!names.hasDuplicates()) return;
+  for (int i = 0; i < names.size(); ++i)
+    if (names.find(names.get(i)) != i)
+      fail(KLO_ERROR_FILE_READ, path + ": " + what + " \"" + names.get(i) + "\" occurs twice");
+}
+
 }  // namespace
 
 ModelData readMps(const std::string& path) {
@@ -218,6 +228,8 @@ ModelData readMps(const std::string& path) {
   d.sense = sense;
   copyColumns(*a->io, d);
   copyRows(*a->io, d);
+  refuseRepeatedNames(path, d.rowNames, "row");
+  refuseRepeatedNames(path, d.varNames, "column");
   copySets(*a, d);
   copyQuadratic(*a->io, path, d);
   return d;

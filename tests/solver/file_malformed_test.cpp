@@ -26,6 +26,10 @@ const BadFile kBadFiles[] = {
      "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1 c1 2\nBOUNDS\n UP BND y 4\nENDATA\n", ":"},
     {".mps", "NAME t\nROWS\n N obj\n Q c1\nENDATA\n", ":4"},
     {".mps", "", ""},
+    // a repeated row name; a column whose entries are not together
+    {".mps", "NAME t\nROWS\n N obj\n L c1\n L c1\nCOLUMNS\n    x obj 1 c1 2\nENDATA\n", ""},
+    {".mps", "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1\n    y c1 1\n    x c1 2\nENDATA\n",
+     ""},
     // LP
     {".lp", "Minimize\n obj: x + y\nSubject To\n c1: x + y => >= 1\nEnd\n", ":4"},
     {".lp", "Minimize\n obj: x +\nSubject To\n c1: x >= 1\nEnd\n", ":3"},
