@@ -505,7 +505,9 @@ int KLOnewmodel(KLOenv *env, KLOmodel **modelP, const char *Pname, int numvars,
  *  new model.  MPS files may be fixed or free format, with OBJSENSE,
  *  RANGES, every standard bound type, integer markers, SOS and QUADOBJ; an
  *  integer column with bounds [0, 1] becomes binary.  A malformed file
- *  gives KLO_ERROR_FILE_READ with "file:line: reason" as the message. */
+ *  gives KLO_ERROR_FILE_READ with "file:line: reason" as the message; an
+ *  MPS file that repeats a row name, or whose column entries are not all
+ *  together, is malformed ("file: row "name" occurs twice"). */
 int KLOreadmodel(KLOenv *env, const char *filename, KLOmodel **modelP);
 
 /** Deep, independent copy of a model and its environment; null on failure. */
