@@ -148,7 +148,10 @@ typedef struct KLOmodel KLOmodel;
  * ------------------------------------------------------------------------ */
 
 /* Variable types ("VType"): 'C' continuous, 'B' binary (bounds clipped to
- * [0, 1]), 'I' integer, 'S' semi-continuous, 'N' semi-integer. */
+ * [0, 1]), 'I' integer, 'S' semi-continuous, 'N' semi-integer.  A
+ * semi-continuous variable with bounds [lb, ub] is 0 or in [lb, ub]; a
+ * semi-integer one is 0 or an integer in [lb, ub].  When [lb, ub] holds 0
+ * this is plain [lb, ub]. */
 #define KLO_CONTINUOUS 'C'
 #define KLO_BINARY 'B'
 #define KLO_INTEGER 'I'
@@ -284,7 +287,9 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
  *   "MIP/GapAbs"           1e-6  [0, 1e20]  stop when bound and incumbent differ by no more
  *   "MIP/GapRel"           1e-4  [0, 1e20]  stop when the relative gap is no larger
  *   "MIP/LinearizationBigM" 1e5  [0, 1e20]  big-M used to linearise indicator constraints
- *                                           whose rows have unbounded activity
+ *                                           whose rows have unbounded activity, and
+ *                                           the infinite bound of a semi-continuous
+ *                                           or semi-integer variable
  *   "MIP/Cutoff"           1e20  [-1e20, 1e20] ignore solutions not better than this
  *                                           (in the model's sense; +-1e20: none)
  *   "MIP/Heuristics"       0.05  [0, 1]     share of effort spent in heuristics
@@ -554,10 +559,13 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *  objectives within their "ObjNAbsTol"/"ObjNRelTol" of the value reached;
  *  "ObjVal" is then the value of objective 0, "ObjNVal" that of each
  *  objective, and "DualSoln", "RC", "DualObjVal" and the gaps are those of
- *  the last pass.  Quadratic terms (objective or rows), PSD variables,
- *  indicator constraints and semi-continuous or semi-integer variables have
- *  no engine yet: KLO_ERROR_NOT_SUPPORTED, with the feature named by
- *  KLOgeterrormsg.
+ *  the last pass.  Quadratic terms (objective or rows), PSD variables and
+ *  indicator constraints have no engine yet: KLO_ERROR_NOT_SUPPORTED, with
+ *  the feature named by KLOgeterrormsg.  Semi-continuous and semi-integer
+ *  variables are solved by Cbc through a binary switch each, with an
+ *  infinite bound taken as "MIP/LinearizationBigM"; the switches are not
+ *  seen in results or callbacks.  KLOcomputeIIS and KLOfeasrelax still
+ *  refuse them.
  *
  *  Results.  After a solve "Status" holds its outcome; with a limit status
  *  the best solution found so far stays readable ("HasSolution").  LPs
@@ -604,6 +612,8 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *    "OutputFlag", "LogToConsole", "LogFile"  where the engines' log goes:
  *                            messages, a MIP progress line each second (time,
  *                            nodes, incumbent, bound, gap) and a summary line
+ *    "MIP/LinearizationBigM"  the switch of a semi-continuous or semi-integer
+ *                            variable with an infinite bound
  *  Accepted and not used by these engines: "PostScaling", "Dualization",
  *  "EnableNetworkFlow", "EnableStochasticLP", "NumericFocus",
  *  "SPX/ColumnGeneration", "SPX/CrashStart", "SPX/PrimalPricing",
@@ -613,8 +623,7 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *  "MIP/AutoConfiguration", "MIP/AllowDualPresolve", "MIP/Disconnected",
  *  "MIP/DetectDisconnectedComponents", "MIP/MaxStallingNodes",
  *  "MIP/Static", "MIP/ObjectiveTolerance", "MIP/Heuristics",
- *  "MIP/NoRelHeurWork", "MIP/LinearizationBigM" (indicator constraints are
- *  not solved yet), "SolutionTarget" (LP solutions are always basic) and
+ *  "MIP/NoRelHeurWork", "SolutionTarget" (LP solutions are always basic) and
  *  the "PDHG/..." parameters.  "MIP/SolutionNumber" and "ObjNumber" choose
  *  what attributes read.  The parameters of the model's own environment
  *  apply to every pass of a multi-objective solve.

@@ -18,11 +18,7 @@ double countRows(const KLOmodel& m, Pred p) {
   return static_cast<double>(std::count_if(m.data.rows.begin(), m.data.rows.end(), p));
 }
 
-double countTypes(const KLOmodel& m, const char* types) {
-  double n = 0;
-  for (char t : m.data.type) n += std::string(types).find(t) != std::string::npos ? 1 : 0;
-  return n;
-}
+double countTypes(const KLOmodel& m, const char* types) { return m.data.countTypes(types); }
 
 double numNZs(const KLOmodel& m, int) {
   double n = 0;

@@ -25,22 +25,16 @@ struct Relay {
   }
 };
 
-int countIntegers(const engine::Problem& p) {
-  int n = 0;
-  for (char t : p.colType) n += t != 'C';
-  return n;
-}
-
 }  // namespace
 
-void relayMessages(const engine::Problem& p, bool outputOn, engine::Settings& s,
+void relayMessages(const ModelData& d, bool outputOn, engine::Settings& s,
                    engine::Callback& callback) {
   if (!callback || !outputOn) return;
   auto relay = std::make_shared<Relay>();
   relay->user = std::move(callback);
-  relay->ctx.numVars = p.numCols();
-  relay->ctx.numRows = p.numRows();
-  relay->ctx.numIntVars = countIntegers(p);
+  relay->ctx.numVars = d.numVars();
+  relay->ctx.numRows = d.numRows();
+  relay->ctx.numIntVars = d.countTypes("BIN");
   // Printing costs the engine nothing when nobody reads; the callback does.
   if (s.logLevel == 0) s.log = nullptr;
   relay->print = std::move(s.log);

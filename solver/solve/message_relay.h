@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "engine/callback_context.h"
-#include "engine/problem.h"
+#include "store/model_data.h"
 #include "engine/settings.h"
 
 namespace klo {
@@ -16,7 +16,7 @@ namespace klo {
 // effect at the engine's next callback location, where callback returns
 // KLO_CB_STOP without calling the user again. Changes s and callback in
 // place; nothing changes without a callback.
-void relayMessages(const engine::Problem& p, bool outputOn, engine::Settings& s,
+void relayMessages(const ModelData& d, bool outputOn, engine::Settings& s,
                    engine::Callback& callback);
 
 }  // namespace klo

@@ -2,14 +2,18 @@
 
 #include <chrono>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "common/error.h"
 #include "engine/engine.h"
 #include "solve/message_relay.h"
 #include "solve/objectives.h"
 #include "solve/problem_from_model.h"
+#include "solve/semicontinuous.h"
 #include "solve/settings_from_params.h"
 #include "solve/store_result.h"
+#include "solve/trim_result.h"
 #include "solve/unsupported.h"
 #include "solve/user_callback.h"
 
@@ -24,13 +28,17 @@ BusyModel::BusyModel(KLOmodel& m, const char* what) : m_(m) {
 void optimize(KLOmodel& m) {
   BusyModel busy(m, "KLOoptimize");
   const auto started = std::chrono::steady_clock::now();
-  refuseUnsupported(m.data, "KLOoptimize");
-  const engine::Problem p = problemFromModel(m.data);
+  refuseUnsupported(m.data, "KLOoptimize", Switched::Solved);
+  engine::Problem p = problemFromModel(m.data);
   engine::Settings s = settingsFromParams(m.env);
   engine::Callback cb = userCallback(m);
-  relayMessages(p, m.env.params.getInt("OutputFlag") != 0, s, cb);
+  relayMessages(m.data, m.env.params.getInt("OutputFlag") != 0, s, cb);
+  std::vector<Switch> switches =
+      switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
+  cb = withoutSwitches(std::move(cb), std::move(switches), m.data);
   engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
                                                   : engine::engineFor(p)->solve(p, s, cb);
+  trimResult(r, m.data.numVars(), m.data.numRows());
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
   storeResult(m, std::move(r), seconds.count());
 }

@@ -14,6 +14,7 @@
 #ifndef KLO_SOLVER_STORE_MODEL_DATA_H
 #define KLO_SOLVER_STORE_MODEL_DATA_H
 
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -125,6 +126,12 @@ struct ModelData {
 
   int numVars() const { return static_cast<int>(lb.size()); }
   int numRows() const { return static_cast<int>(rows.size()); }
+  // The number of variables whose type is one of types ("BIN": integers).
+  int countTypes(const char* types) const {
+    int n = 0;
+    for (char t : type) n += t != '\0' && std::strchr(types, t) ? 1 : 0;
+    return n;
+  }
   const std::vector<double>& obj() const { return objectives[0].coef; }
 };
 

@@ -197,12 +197,6 @@ TEST_F(SolveLp, UnsupportedFeaturesAreRefusedAndLoseNothing) {
          const double val[] = {1};
          ASSERT_EQ(KLOaddgenconstrIndicator(m, "ind", 3, 1, 1, ind, val, '<', 1), KLO_OK);
        }},
-      {"semi-continuous", [](KLOmodel* m) {
-         ASSERT_EQ(KLOsetcharattrelement(m, "VType", 2, KLO_SEMICONT), KLO_OK);
-       }},
-      {"semi-integer", [](KLOmodel* m) {
-         ASSERT_EQ(KLOsetcharattrelement(m, "VType", 2, KLO_SEMIINT), KLO_OK);
-       }},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.feature);

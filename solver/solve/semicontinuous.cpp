@@ -1,0 +1,107 @@
+#include "solve/semicontinuous.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+#include "common/error.h"
+#include "klo_c.h"
+
+namespace klo {
+namespace {
+
+bool semi(char t) { return t == KLO_SEMICONT || t == KLO_SEMIINT; }
+
+void appendRow(engine::Problem& p, int x, int z, double zCoef, double lower, double upper) {
+  p.index.insert(p.index.end(), {x, z});
+  p.value.insert(p.value.end(), {1.0, zCoef});
+  p.start.push_back(static_cast<int>(p.index.size()));
+  p.rowLower.push_back(lower);
+  p.rowUpper.push_back(upper);
+}
+
+// Below this magnitude a proposed value counts as 0: its switch is off.
+constexpr double kZero = 1e-9;
+
+double switchValue(double x) { return std::fabs(x) > kZero ? 1.0 : 0.0; }
+
+bool isSet(double x) { return std::fabs(x) < engine::kInfinity; }  // NaN too is unset
+
+void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out) {
+  const double a = p.colLower[j] <= -engine::kInfinity ? -bigM : p.colLower[j];
+  const double b = p.colUpper[j] >= engine::kInfinity ? bigM : p.colUpper[j];
+  const int z = p.numCols();
+  p.obj.push_back(0.0);
+  p.colLower.push_back(0.0);
+  p.colUpper.push_back(1.0);
+  p.colType.push_back(KLO_BINARY);
+  if (!p.startValues.empty()) {
+    const double x = p.startValues[j];
+    p.startValues.push_back(isSet(x) ? switchValue(x) : engine::kUndefined);
+  }
+  p.colLower[j] = std::min(a, 0.0);
+  p.colUpper[j] = std::max(b, 0.0);
+  appendRow(p, j, z, -a, 0.0, engine::kInfinity);
+  appendRow(p, j, z, -b, -engine::kInfinity, 0.0);
+  out.push_back(Switch{j, z});
+}
+
+// Forwards to the engine's actions, completing proposals with the switches.
+class SwitchedActions : public engine::CallbackActions {
+ public:
+  SwitchedActions(engine::CallbackActions& inner, const std::vector<Switch>& switches, int n)
+      : inner_(inner), switches_(switches), n_(n) {}
+  int proposeSolution(const double* x, double* objective) override {
+    std::vector<double> full(x, x + n_);
+    full.resize(n_ + switches_.size(), engine::kUndefined);
+    for (const Switch& s : switches_)
+      if (isSet(x[s.column])) full[s.z] = switchValue(x[s.column]);
+    return inner_.proposeSolution(full.data(), objective);
+  }
+  int addCut(int len, const int* ind, const double* val, char sense, double rhs) override {
+    return inner_.addCut(len, ind, val, sense, rhs);
+  }
+  int branch(int column, double value, int dir) override {
+    return inner_.branch(column, value, dir);
+  }
+
+ private:
+  engine::CallbackActions& inner_;
+  const std::vector<Switch>& switches_;
+  int n_;
+};
+
+}  // namespace
+
+std::vector<Switch> switchSemicontinuous(engine::Problem& p, double bigM) {
+  std::vector<Switch> out;
+  const int n = p.numCols();
+  if (std::none_of(p.colType.begin(), p.colType.end(), semi)) return out;
+  if (p.columnMajor) fail(KLO_ERROR_INTERNAL, "semi-continuous columns need a row-major problem");
+  for (int j = 0; j < n; ++j) {
+    if (!semi(p.colType[j])) continue;
+    p.colType[j] = p.colType[j] == KLO_SEMIINT ? KLO_INTEGER : KLO_CONTINUOUS;
+    if (p.colLower[j] > 0.0 || p.colUpper[j] < 0.0) addSwitch(p, j, bigM, out);
+  }
+  return out;
+}
+
+engine::Callback withoutSwitches(engine::Callback cb, std::vector<Switch> switches,
+                                 const ModelData& d) {
+  if (!cb || switches.empty()) return cb;
+  const int numVars = d.numVars(), numRows = d.numRows(), numIntVars = d.countTypes("BIN");
+  return [cb = std::move(cb), switches = std::move(switches), numVars, numRows,
+          numIntVars](engine::CallbackContext& ctx) {
+    engine::CallbackContext shown = ctx;
+    shown.numVars = numVars;
+    shown.numRows = numRows;
+    shown.numIntVars = numIntVars;
+    std::unique_ptr<SwitchedActions> actions;
+    if (ctx.actions) actions = std::make_unique<SwitchedActions>(*ctx.actions, switches, numVars);
+    shown.actions = actions.get();
+    return cb(shown);
+  };
+}
+
+}  // namespace klo
