@@ -92,7 +92,8 @@ struct Attempt {
   }
 };
 
-// The text must outlive the attempt's reading, not the attempt.
+// The attempt's reader points into text, and reads on later (QUADOBJ): text
+// must outlive the attempt.
 std::unique_ptr<Attempt> attempt(const std::string& path, const std::string& text) {
   auto a = std::make_unique<Attempt>();
   a->io->passInMessageHandler(&a->handler);
@@ -215,8 +216,8 @@ ModelData readMps(const std::string& path) {
   std::string text = readTextFile(path);
   const int sense = objectiveSense(text);
   text = withoutObjsense(qmatrixAsQuadobj(std::move(text)));
+  std::string free;  // the retry's text, kept as long as its reader
   std::unique_ptr<Attempt> a = attempt(path, text);
-  std::string free;
   if (a->status != 0) {
     free = markedFree(text);
     std::unique_ptr<Attempt> retry = attempt(path, free);

@@ -1,5 +1,6 @@
 #include "solve/message_relay.h"
 
+#include <memory>
 #include <string>
 #include <utility>
 

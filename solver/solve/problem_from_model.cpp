@@ -23,6 +23,13 @@ void addRows(engine::Problem& p, const ModelData& d) {
   }
 }
 
+// Ends a row whose entries were just appended.
+void closeRow(engine::Problem& p, double lower, double upper) {
+  p.start.push_back(static_cast<int>(p.index.size()));
+  p.rowLower.push_back(lower);
+  p.rowUpper.push_back(upper);
+}
+
 void addStart(engine::Problem& p, const ModelData& d) {
   auto set = [](double v) { return v < engine::kUndefined; };
   if (std::none_of(d.start.begin(), d.start.end(), set)) return;
@@ -61,9 +68,16 @@ void appendDenseRow(engine::Problem& p, const std::vector<double>& coef, double 
     p.index.push_back(static_cast<int>(j));
     p.value.push_back(coef[j]);
   }
-  p.start.push_back(static_cast<int>(p.index.size()));
-  p.rowLower.push_back(lower);
-  p.rowUpper.push_back(upper);
+  closeRow(p, lower, upper);
+}
+
+void appendSparseRow(engine::Problem& p, const std::vector<std::pair<int, double>>& terms,
+                     double lower, double upper) {
+  for (const auto& [j, a] : terms) {
+    p.index.push_back(j);
+    p.value.push_back(a);
+  }
+  closeRow(p, lower, upper);
 }
 
 }  // namespace klo

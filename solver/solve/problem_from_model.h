@@ -4,6 +4,9 @@
 #ifndef KLO_SOLVER_SOLVE_PROBLEM_FROM_MODEL_H
 #define KLO_SOLVER_SOLVE_PROBLEM_FROM_MODEL_H
 
+#include <utility>
+#include <vector>
+
 #include "engine/problem.h"
 #include "store/model_data.h"
 
@@ -17,6 +20,9 @@ engine::Problem problemFromModel(const ModelData& d);
 // a row-major problem.
 void appendDenseRow(engine::Problem& p, const std::vector<double>& coef, double lower,
                     double upper);
+// Appends the row lower <= sum a x[j] <= upper, over the (j, a) of terms.
+void appendSparseRow(engine::Problem& p, const std::vector<std::pair<int, double>>& terms,
+                     double lower, double upper);
 
 }  // namespace klo
 

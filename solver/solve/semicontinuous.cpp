@@ -7,19 +7,12 @@
 
 #include "common/error.h"
 #include "klo_c.h"
+#include "solve/problem_from_model.h"
 
 namespace klo {
 namespace {
 
 bool semi(char t) { return t == KLO_SEMICONT || t == KLO_SEMIINT; }
-
-void appendRow(engine::Problem& p, int x, int z, double zCoef, double lower, double upper) {
-  p.index.insert(p.index.end(), {x, z});
-  p.value.insert(p.value.end(), {1.0, zCoef});
-  p.start.push_back(static_cast<int>(p.index.size()));
-  p.rowLower.push_back(lower);
-  p.rowUpper.push_back(upper);
-}
 
 // Below this magnitude a proposed value counts as 0: its switch is off.
 constexpr double kZero = 1e-9;
@@ -42,8 +35,8 @@ void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out)
   }
   p.colLower[j] = std::min(a, 0.0);
   p.colUpper[j] = std::max(b, 0.0);
-  appendRow(p, j, z, -a, 0.0, engine::kInfinity);
-  appendRow(p, j, z, -b, -engine::kInfinity, 0.0);
+  appendSparseRow(p, {{j, 1.0}, {z, -a}}, 0.0, engine::kInfinity);
+  appendSparseRow(p, {{j, 1.0}, {z, -b}}, -engine::kInfinity, 0.0);
   out.push_back(Switch{j, z});
 }
 
