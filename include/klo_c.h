@@ -49,6 +49,12 @@
 extern "C" {
 #endif
 
+/* The library is built with hidden symbols; what this header declares is
+ * its interface. */
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
+
 /** Opaque environment: parameters, log, last error. */
 typedef struct KLOenv KLOenv;
 /** Opaque model: variables, rows, objectives, results. */
@@ -129,6 +135,10 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_STATUS_ITERATION_LIMIT 9 /**< "SPX/MaxIterations" or "IPM/MaxIterations" reached */
 #define KLO_STATUS_INTERRUPTED 10   /**< stopped by a callback */
 #define KLO_STATUS_CUTOFF 11        /**< no solution better than "MIP/Cutoff" */
+/** The engine called its answer optimal, but the answer failed the library's
+ *  check (see "MaxPrimalViolation" and the other figures) even after a
+ *  clean-up; the answer with the smallest violations is kept. */
+#define KLO_STATUS_SUBOPTIMAL 12
 /* With a limit status the best solution found so far stays readable
  * ("HasSolution" tells whether there is one). */
 
@@ -966,6 +976,10 @@ int KLOcbcutp(void *cbdata, int cutlen, const int *cutind, const double *cutval,
 int KLOcbbranch(void *cbdata, int index, double value, int dir);
 /** The same, for the index-based callback. */
 int KLOcbbranchp(void *cbdata, int index, double value, int dir);
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif
 
 #ifdef __cplusplus
 }

@@ -36,8 +36,8 @@ double resultAt(const std::vector<double>& v, int k, const char* what) {
   return v[k];
 }
 
-const engine::PoolSolution& poolSolution(const KLOmodel& m) {
-  const engine::Result& r = solution(m);
+const PoolEntry& poolSolution(const KLOmodel& m) {
+  const Results& r = solution(m);
   int k = m.env.params.getInt("MIP/SolutionNumber");
   if (k >= static_cast<int>(r.pool.size()))
     fail(KLO_ERROR_DATA_NOT_AVAILABLE, "There is no pool solution " + std::to_string(k) +

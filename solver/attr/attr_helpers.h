@@ -47,7 +47,7 @@ int objNumber(const KLOmodel& m);
 // last solve did not provide that array.
 double resultAt(const std::vector<double>& v, int k, const char* what);
 // The pool solution that "MIP/SolutionNumber" designates.
-const engine::PoolSolution& poolSolution(const KLOmodel& m);
+const PoolEntry& poolSolution(const KLOmodel& m);
 
 // An IIS membership attribute: the statuses of member Iis of the results.
 template <std::vector<int> Results::*Iis>
@@ -64,13 +64,13 @@ AttrDef iisAttr(const char* name, Level level) {
 // data) or else those of the last solve (member Solved of its result); a
 // first set starts from those, or from Fallback for each of the Count()
 // elements.
-template <std::vector<int> ModelData::*User, std::vector<int> engine::Result::*Solved,
+template <std::vector<int> ModelData::*User, std::vector<int> Results::*Solved,
           int (ModelData::*Count)() const, int Fallback>
 AttrDef basisAttr(const char* name, Level level) {
   struct Access {
     static const std::vector<int>* known(const KLOmodel& m) {
       if (!(m.data.*User).empty()) return &(m.data.*User);
-      if (m.results.solved && !(m.results.solve.*Solved).empty()) return &(m.results.solve.*Solved);
+      if (m.results.solved && !(m.results.*Solved).empty()) return &(m.results.*Solved);
       return nullptr;
     }
     static double get(const KLOmodel& m, int e) {

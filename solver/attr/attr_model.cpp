@@ -47,8 +47,8 @@ void checkMinSense(const KLOmodel&, int, double v) {
     fail(KLO_ERROR_INVALID_ARGUMENT, "MinSense " + formatDouble(v) + " is neither 0 nor 1");
 }
 
-bool solvedWith(const KLOmodel& m, bool (*has)(const engine::Result&)) {
-  return m.results.solved && has(m.results.solve);
+bool solvedWith(const KLOmodel& m, bool (*has)(const Results&)) {
+  return m.results.solved && has(m.results);
 }
 
 // Value of objective k at x (the quadratic terms belong to objective 0).
@@ -77,6 +77,30 @@ void checkObjNTol(const KLOmodel& m, int e, double v) {
 
 void checkObjNPriority(const KLOmodel& m, int, double) { objNumber(m); }
 
+const Violations& primalFigures(const KLOmodel& m) { return solution(m).violations; }
+
+const Violations& dualFigures(const KLOmodel& m) {
+  const Violations& v = solution(m).violations;
+  if (!v.dualChecked)
+    fail(KLO_ERROR_DATA_NOT_AVAILABLE, "The last solve's answer has no duals to check");
+  return v;
+}
+
+// The answer check's figures (common/violations.h).
+void addViolationAttrs(std::vector<AttrDef>& out) {
+  auto attr = [&out](const char* name, double (*get)(const KLOmodel&, int)) {
+    out.push_back(numAttr(name, D, M, get));
+  };
+  attr("MaxBoundViolation", [](const KLOmodel& m, int) { return primalFigures(m).bound; });
+  attr("MaxConstrViolation", [](const KLOmodel& m, int) { return primalFigures(m).row; });
+  attr("MaxPrimalViolation", [](const KLOmodel& m, int) { return primalFigures(m).primal(); });
+  attr("MaxIntViolation", [](const KLOmodel& m, int) { return primalFigures(m).integrality; });
+  attr("MaxSOSViolation", [](const KLOmodel& m, int) { return primalFigures(m).sos; });
+  attr("MaxDualViolation", [](const KLOmodel& m, int) { return dualFigures(m).dual; });
+  attr("MaxComplViolation",
+       [](const KLOmodel& m, int) { return dualFigures(m).complementarity; });
+}
+
 }  // namespace
 
 void addModelAttrs(std::vector<AttrDef>& out) {
@@ -87,13 +111,13 @@ void addModelAttrs(std::vector<AttrDef>& out) {
       "MinSense", I, M, [](const KLOmodel& m, int) { return m.data.sense == 1 ? 1.0 : 0.0; },
       checkMinSense, [](KLOmodel& m, int, double v) { m.data.sense = v != 0 ? 1 : -1; }));
   out.push_back(numAttr("HasSolution", I, M, [](const KLOmodel& m, int) {
-    return solvedWith(m, [](const engine::Result& r) { return r.hasSolution; }) ? 1.0 : 0.0;
+    return solvedWith(m, [](const Results& r) { return r.hasSolution; }) ? 1.0 : 0.0;
   }));
   out.push_back(numAttr("HasPrimalRay", I, M, [](const KLOmodel& m, int) {
-    return solvedWith(m, [](const engine::Result& r) { return !r.primalRay.empty(); }) ? 1.0 : 0.0;
+    return solvedWith(m, [](const Results& r) { return !r.primalRay.empty(); }) ? 1.0 : 0.0;
   }));
   out.push_back(numAttr("HasDualRay", I, M, [](const KLOmodel& m, int) {
-    return solvedWith(m, [](const engine::Result& r) { return !r.dualRay.empty(); }) ? 1.0 : 0.0;
+    return solvedWith(m, [](const Results& r) { return !r.dualRay.empty(); }) ? 1.0 : 0.0;
   }));
   out.push_back(
       numAttr("NumVars", I, M, [](const KLOmodel& m, int) { return double(m.data.numVars()); }));
@@ -125,11 +149,11 @@ void addModelAttrs(std::vector<AttrDef>& out) {
     return mip ? 1.0 : 0.0;
   }));
   out.push_back(numAttr("Status", I, M, [](const KLOmodel& m, int) {
-    return m.results.solved ? double(m.results.solve.status) : double(KLO_STATUS_UNSTARTED);
+    return m.results.solved ? double(m.results.status) : double(KLO_STATUS_UNSTARTED);
   }));
   out.push_back(numAttr("SolCount", I, M, [](const KLOmodel& m, int) {
-    if (!m.results.solved || !m.results.solve.hasSolution) return 0.0;
-    return double(std::max<size_t>(1, m.results.solve.pool.size()));
+    if (!m.results.solved || !m.results.hasSolution) return 0.0;
+    return double(std::max<size_t>(1, m.results.pool.size()));
   }));
   out.push_back(numAttr("SPX/NumIters", I, M, [](const KLOmodel& m, int) {
     return double(solveResult(m).simplexIterations);
@@ -183,6 +207,8 @@ void addModelAttrs(std::vector<AttrDef>& out) {
   out.push_back(numAttr(
       "ObjNAbsTol", D, M, [](const KLOmodel& m, int) { return objN(m).absTol; }, checkObjNTol,
       [](KLOmodel& m, int, double v) { objN(m).absTol = v; }));
+
+  addViolationAttrs(out);
 
   auto name = [](const KLOmodel& m, int) -> const std::string& { return m.data.name; };
   auto setName = [](KLOmodel& m, int, const std::string& v) { m.data.name = v; };

@@ -19,7 +19,7 @@ void setUpper(KLOmodel& m, int i, double v) { setRowBound(m.data, i, true, v); }
 void addRowAttrs(std::vector<AttrDef>& out) {
   out.push_back(iisAttr<&Results::iisRow>("IISConstr", R));
   out.push_back(iisAttr<&Results::iisRow>("IISRow", R));
-  out.push_back(basisAttr<&ModelData::rowBasis, &engine::Result::rowBasis, &ModelData::numRows,
+  out.push_back(basisAttr<&ModelData::rowBasis, &Results::rowBasis, &ModelData::numRows,
                           KLO_BASIS_BASIC>("RowBasis", R));
 
   for (const char* name : {"LHS", "QCLHS", "PsdCLHS"})

@@ -17,7 +17,7 @@ void checkType(const KLOmodel&, int, double v) { checkVarType(static_cast<char>(
 void addVarAttrs(std::vector<AttrDef>& out) {
   out.push_back(iisAttr<&Results::iisCol>("IISVar", V));
   out.push_back(iisAttr<&Results::iisCol>("IISCol", V));
-  out.push_back(basisAttr<&ModelData::colBasis, &engine::Result::colBasis, &ModelData::numVars,
+  out.push_back(basisAttr<&ModelData::colBasis, &Results::colBasis, &ModelData::numVars,
                           KLO_BASIS_LOWER>("ColBasis", V));
 
   out.push_back(numAttr(

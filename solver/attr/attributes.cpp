@@ -80,14 +80,14 @@ void checkElementRange(const KLOmodel& m, const AttrDef& def, int start, int len
   checkRange(m.data, kindOf(def.level), start, len);
 }
 
-const engine::Result& solveResult(const KLOmodel& m) {
+const Results& solveResult(const KLOmodel& m) {
   if (!m.results.solved)
     fail(KLO_ERROR_DATA_NOT_AVAILABLE, "The model has not been solved since it last changed");
-  return m.results.solve;
+  return m.results;
 }
 
-const engine::Result& solution(const KLOmodel& m) {
-  const engine::Result& r = solveResult(m);
+const Results& solution(const KLOmodel& m) {
+  const Results& r = solveResult(m);
   if (!r.hasSolution) fail(KLO_ERROR_DATA_NOT_AVAILABLE, "The last solve found no solution");
   return r;
 }

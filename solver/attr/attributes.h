@@ -52,9 +52,9 @@ void checkElementRange(const KLOmodel& m, const AttrDef& def, int start, int len
 
 // The results of the last solve when it left a solution; throws
 // KLO_ERROR_DATA_NOT_AVAILABLE otherwise.
-const engine::Result& solution(const KLOmodel& m);
+const Results& solution(const KLOmodel& m);
 // The results of the last solve when there was one.
-const engine::Result& solveResult(const KLOmodel& m);
+const Results& solveResult(const KLOmodel& m);
 
 }  // namespace klo
 

@@ -33,7 +33,7 @@ int makeModel(KLOenv* env, KLOmodel** modelP, F&& fill) {
 }
 
 klo::Basis currentBasis(const KLOmodel& m) {
-  const klo::engine::Result& r = m.results.solve;
+  const klo::Results& r = m.results;
   klo::Basis b{m.data.colBasis, m.data.rowBasis};
   if (b.cols.empty() && m.results.solved) b.cols = r.colBasis;
   if (b.rows.empty() && m.results.solved) b.rows = r.rowBasis;
@@ -123,7 +123,7 @@ int KLOwrite(KLOmodel* model, const char* filename) {
       case klo::FileKind::Basis:
         return klo::writeBasisFile(filename, model->data, currentBasis(*model));
       case klo::FileKind::Solution: {
-        const klo::engine::Result& r = klo::solution(*model);
+        const klo::Results& r = klo::solution(*model);
         return klo::writeSolutionFile(filename, model->data, r.objective, r.x);
       }
       default:

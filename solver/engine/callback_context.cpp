@@ -7,10 +7,6 @@
 
 namespace klo::engine {
 
-double CallbackContext::runtime() const {
-  return std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-}
-
 namespace {
 
 bool isMipWhere(int where) {

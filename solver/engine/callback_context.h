@@ -15,7 +15,7 @@ namespace klo::engine {
 class CallbackActions {
  public:
   virtual ~CallbackActions() = default;
-  // x: one value per column, kUndefined for values the engine completes.
+  // x: one value per column, KLO_UNDEFINED for values the engine completes.
   virtual int proposeSolution(const double* x, double* objective) = 0;
   virtual int addCut(int len, const int* ind, const double* val, char sense, double rhs) = 0;
   virtual int branch(int column, double value, int dir) = 0;
@@ -28,7 +28,7 @@ struct CallbackContext {
   int numIntVars = 0;
   std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();
 
-  // Search state, in the model's sense.  objBest is +-kInfinity (the
+  // Search state, in the model's sense.  objBest is +-KLO_INFINITY (the
   // model's sense) while there is no incumbent.
   double objBest = 1e20;
   double objBound = -1e20;
@@ -52,7 +52,10 @@ struct CallbackContext {
   // Cuts are taken at KLO_CB_MIPSOL too, as lazy constraints.
   bool lazyConstraints = false;
 
-  double runtime() const;
+  // Seconds since the solve started.
+  double runtime() const {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+  }
 };
 
 // The user's function: returns KLO_CB_STOP (11) to stop the solve, 0 to go on.

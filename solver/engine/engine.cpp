@@ -16,8 +16,9 @@ Result Engine::solve(const Problem& problem, const Settings& settings, const Cal
   }
 }
 
-std::unique_ptr<Engine> engineFor(const Problem& problem) {
-  return problem.isMip() ? makeCbcEngine() : makeClpEngine();
+const std::vector<EngineEntry>& engines() {
+  static const std::vector<EngineEntry> all{clpEntry(), cbcEntry()};
+  return all;
 }
 
 }  // namespace klo::engine

@@ -1,12 +1,16 @@
 // The one narrow interface between the solver library and its engines.
 // An adapter receives a Problem built from the store, Settings built from
 // the parameters, and optionally a user callback; it returns a Result.
+// Each adapter also declares what it can solve (engine/capabilities.h); the
+// list of engines below is all the chooser knows of them.
 #ifndef KLO_SOLVER_ENGINE_ENGINE_H
 #define KLO_SOLVER_ENGINE_ENGINE_H
 
 #include <memory>
+#include <vector>
 
 #include "engine/callback_context.h"
+#include "engine/capabilities.h"
 #include "engine/problem.h"
 #include "engine/result.h"
 #include "engine/settings.h"
@@ -41,11 +45,22 @@ class RunEngine : public Engine {
   }
 };
 
-std::unique_ptr<Engine> makeClpEngine();
-std::unique_ptr<Engine> makeCbcEngine();
+// An engine as the chooser sees it: its declaration, and how to make one
+// (which may load its library first, and throws KLO_ERROR_NOT_SUPPORTED
+// when that fails).
+struct EngineEntry {
+  const char* name;
+  Capabilities caps;
+  std::unique_ptr<Engine> (*make)();
+};
 
-// The engine for a problem: Cbc when it has integers or SOS, Clp otherwise.
-std::unique_ptr<Engine> engineFor(const Problem& problem);
+// The adapters' declarations (each in its own folder).
+EngineEntry clpEntry();
+EngineEntry cbcEntry();
+
+// Every engine of the library, in order of preference: the first that
+// takes a problem solves it.
+const std::vector<EngineEntry>& engines();
 
 }  // namespace klo::engine
 

@@ -3,28 +3,16 @@
 #include <cmath>
 #include <limits>
 
+#include "engine/problem_eval.h"
+
 namespace klo::engine {
 namespace {
 
 // The bound a dual of this sign (in the minimisation view) belongs to.
 double pairedBound(double minSenseDual, double lower, double upper, double current) {
-  if (minSenseDual > 0) return lower > -kInfinity ? lower : current;
-  if (minSenseDual < 0) return upper < kInfinity ? upper : current;
+  if (minSenseDual > 0) return lower > -KLO_INFINITY ? lower : current;
+  if (minSenseDual < 0) return upper < KLO_INFINITY ? upper : current;
   return 0.0;
-}
-
-// y' applied column by column: z_j = sum_i y_i a_ij.
-std::vector<double> transposeTimes(const Problem& p, const std::vector<double>& y) {
-  std::vector<double> z(p.numCols(), 0.0);
-  const int majors = static_cast<int>(p.start.size()) - 1;
-  for (int k = 0; k < majors; ++k)
-    for (int e = p.start[k]; e < p.start[k + 1]; ++e) {
-      if (p.columnMajor)
-        z[k] += p.value[e] * y[p.index[e]];
-      else
-        z[p.index[e]] += p.value[e] * y[k];
-    }
-  return z;
 }
 
 }  // namespace
@@ -46,15 +34,15 @@ double farkasMargin(const Problem& p, const std::vector<double>& y) {
   const double inf = std::numeric_limits<double>::infinity();
   double required = 0.0;  // least value the rows demand of y'Ax
   for (int i = 0; i < p.numRows(); ++i) {
-    if (y[i] > 0) required += p.rowLower[i] > -kInfinity ? y[i] * p.rowLower[i] : -inf;
-    if (y[i] < 0) required += p.rowUpper[i] < kInfinity ? y[i] * p.rowUpper[i] : -inf;
+    if (y[i] > 0) required += p.rowLower[i] > -KLO_INFINITY ? y[i] * p.rowLower[i] : -inf;
+    if (y[i] < 0) required += p.rowUpper[i] < KLO_INFINITY ? y[i] * p.rowUpper[i] : -inf;
   }
   const std::vector<double> z = transposeTimes(p, y);
   double reachable = 0.0;  // most y'Ax can be within the column bounds
   for (int j = 0; j < p.numCols(); ++j) {
     if (std::fabs(z[j]) < 1e-12) continue;
     double b = z[j] > 0 ? p.colUpper[j] : p.colLower[j];
-    reachable += std::fabs(b) < kInfinity ? z[j] * b : inf;
+    reachable += std::fabs(b) < KLO_INFINITY ? z[j] * b : inf;
   }
   if (std::isinf(required) || std::isinf(reachable)) return -inf;
   return required - reachable;

@@ -9,7 +9,7 @@
 namespace klo::engine {
 
 bool Problem::isMip() const {
-  if (!sos.empty()) return true;
+  if (!sos.empty() || !indicators.empty()) return true;
   for (char t : colType)
     if (t != 'C') return true;
   return false;
@@ -44,6 +44,55 @@ void checkMatrix(const Problem& p) {
   checkValues(p.value, "matrix value");
 }
 
+void checkQuad(const QuadTerms& q, int numCols) {
+  require(q.row.size() == q.val.size() && q.col.size() == q.val.size(),
+          "quadratic term arrays differ in size");
+  for (int t = 0; t < q.size(); ++t)
+    require(q.row[t] >= 0 && q.row[t] <= q.col[t] && q.col[t] < numCols,
+            "quadratic term indices out of range or below the diagonal");
+  checkValues(q.val, "quadratic term");
+}
+
+void checkSym(const SymMatrix& m, int dim) {
+  require(m.pos.size() == m.val.size(), "matrix arrays differ in size");
+  for (int pos : m.pos)
+    require(pos >= 0 && pos < dim * dim && pos / dim <= pos % dim,
+            "matrix position out of range or below the diagonal");
+  checkValues(m.val, "matrix value");
+}
+
+void checkNonlinear(const Problem& p) {
+  checkQuad(p.objQuad, p.numCols());
+  int previous = -1;
+  for (const QuadRow& q : p.quadRows) {
+    require(q.row > previous && q.row < p.numRows(), "quadratic rows out of order or range");
+    previous = q.row;
+    checkQuad(q.terms, p.numCols());
+  }
+  for (const PsdVar& v : p.psdVars) {
+    require(v.dim > 0 && v.dim <= 46340, "PSD dimension out of range");  // dim * dim fits an int
+    checkSym(v.obj, v.dim);
+  }
+  for (const PsdTerm& t : p.psdTerms) {
+    require(t.row >= 0 && t.row < p.numRows(), "PSD term row out of range");
+    require(t.psdVar >= 0 && t.psdVar < static_cast<int>(p.psdVars.size()),
+            "PSD term variable out of range");
+    checkSym(t.mat, p.psdVars[t.psdVar].dim);
+  }
+}
+
+void checkIndicators(const Problem& p) {
+  for (const IndicatorRow& r : p.indicators) {
+    require(r.binVar >= 0 && r.binVar < p.numCols(), "indicator variable out of range");
+    require(r.binVal == 0 || r.binVal == 1, "indicator value must be 0 or 1");
+    require(r.sense == '<' || r.sense == '>' || r.sense == '=', "indicator sense not <, > or =");
+    require(r.ind.size() == r.val.size(), "indicator arrays differ in size");
+    for (int j : r.ind) require(j >= 0 && j < p.numCols(), "indicator term out of range");
+    checkValues(r.val, "indicator coefficient");
+    require(!std::isnan(r.rhs), "indicator right-hand side is NaN");
+  }
+}
+
 void checkSos(const Problem& p) {
   for (const SosSet& s : p.sos) {
     require(s.type == 1 || s.type == 2, "SOS type must be 1 or 2");
@@ -61,7 +110,9 @@ void checkProblem(const Problem& p) {
           "column arrays differ in size");
   require(p.rowUpper.size() == p.rowLower.size(), "row arrays differ in size");
   require(p.sense == 1 || p.sense == -1, "sense must be 1 or -1");
-  for (char t : p.colType) require(t == 'C' || t == 'B' || t == 'I', "column type not C, B or I");
+  for (char t : p.colType)
+    require(t == 'C' || t == 'B' || t == 'I' || t == 'S' || t == 'N',
+            "column type not C, B, I, S or N");
   require(p.startValues.empty() || p.startValues.size() == n, "start values need one per column");
   require(p.colBasis.size() <= n && p.rowBasis.size() <= p.rowLower.size(),
           "basis longer than the problem");
@@ -77,7 +128,9 @@ void checkProblem(const Problem& p) {
   checkValues(p.rowUpper, "rowUpper");
   checkValues(p.startValues, "startValues");
   checkMatrix(p);
+  checkNonlinear(p);
   checkSos(p);
+  checkIndicators(p);
 }
 
 }  // namespace klo::engine

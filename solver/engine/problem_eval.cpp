@@ -4,34 +4,40 @@
 #include <cmath>
 
 namespace klo::engine {
+namespace {
 
-std::vector<double> rowActivities(const Problem& p, const double* x) {
-  std::vector<double> act(p.numRows(), 0.0);
+double quadValue(const QuadTerms& q, const double* x) {
+  double v = 0.0;
+  for (int t = 0; t < q.size(); ++t) v += q.val[t] * x[q.row[t]] * x[q.col[t]];
+  return v;
+}
+
+// <m, X> for a symmetric m of one triangle and a full X.
+double innerProduct(const SymMatrix& m, const std::vector<double>& x, int dim) {
+  double v = 0.0;
+  for (size_t k = 0; k < m.pos.size(); ++k) {
+    const int r = m.pos[k] / dim, c = m.pos[k] % dim;
+    v += (r == c ? 1.0 : 2.0) * m.val[k] * x[static_cast<size_t>(m.pos[k])];
+  }
+  return v;
+}
+
+void addLinear(const Problem& p, const double* x, std::vector<double>& act) {
   const int majors = static_cast<int>(p.start.size()) - 1;
-  for (int k = 0; k < majors; ++k) {
+  for (int k = 0; k < majors; ++k)
     for (int e = p.start[k]; e < p.start[k + 1]; ++e) {
       if (p.columnMajor)
         act[p.index[e]] += p.value[e] * x[k];
       else
         act[k] += p.value[e] * x[p.index[e]];
     }
-  }
-  return act;
 }
 
-double objectiveOf(const Problem& p, const double* x) {
-  double v = p.objConstant;
-  for (int j = 0; j < p.numCols(); ++j) v += p.obj[j] * x[j];
-  return v;
-}
-
-namespace {
-
-double boundViolation(double v, double lo, double up) {
-  double viol = 0.0;
-  if (lo > -kInfinity) viol = std::max(viol, lo - v);
-  if (up < kInfinity) viol = std::max(viol, v - up);
-  return viol;
+// Violation of [lo, up] by v, relative to the bound it violates.
+double outside(double v, double lo, double up) {
+  if (lo > -KLO_INFINITY && v < lo) return (lo - v) / std::max(1.0, std::fabs(lo));
+  if (up < KLO_INFINITY && v > up) return (v - up) / std::max(1.0, std::fabs(up));
+  return 0.0;
 }
 
 // Non-zero members beyond what the set allows, measured by their size.
@@ -44,28 +50,76 @@ double sosViolation(const SosSet& s, const double* x) {
   // The best window of `allowed` consecutive members keeps its values;
   // everything outside it counts as violation.
   for (size_t first = 0; first < std::max<size_t>(order.size(), 1); ++first) {
-    double outside = 0.0;
+    double out = 0.0;
     for (size_t k = 0; k < order.size(); ++k)
-      if (k < first || k >= first + allowed) outside = std::max(outside, std::fabs(x[order[k].second]));
-    worst = first == 0 ? outside : std::min(worst, outside);
+      if (k < first || k >= first + allowed) out = std::max(out, std::fabs(x[order[k].second]));
+    worst = first == 0 ? out : std::min(worst, out);
   }
   return worst;
 }
 
+// A semi-continuous column is 0 or within its bounds (integral if 'N').
+double columnViolation(const Problem& p, int j, double v) {
+  const bool semi = p.colType[j] == KLO_SEMICONT || p.colType[j] == KLO_SEMIINT;
+  return semi && v == 0.0 ? 0.0 : outside(v, p.colLower[j], p.colUpper[j]);
+}
+
 }  // namespace
 
-double maxViolation(const Problem& p, const double* x, bool integers) {
-  double viol = 0.0;
+std::vector<double> rowActivities(const Problem& p, const double* x, const PsdValues* psdX) {
+  std::vector<double> act(p.numRows(), 0.0);
+  addLinear(p, x, act);
+  for (const QuadRow& q : p.quadRows) act[q.row] += quadValue(q.terms, x);
+  if (psdX)
+    for (const PsdTerm& t : p.psdTerms)
+      act[t.row] += innerProduct(t.mat, (*psdX)[t.psdVar], p.psdVars[t.psdVar].dim);
+  return act;
+}
+
+double objectiveOf(const Problem& p, const double* x, const PsdValues* psdX) {
+  double v = p.objConstant + quadValue(p.objQuad, x);
+  for (int j = 0; j < p.numCols(); ++j) v += p.obj[j] * x[j];
+  if (psdX)
+    for (size_t k = 0; k < p.psdVars.size(); ++k)
+      v += innerProduct(p.psdVars[k].obj, (*psdX)[k], p.psdVars[k].dim);
+  return v;
+}
+
+std::vector<double> transposeTimes(const Problem& p, const std::vector<double>& y,
+                                   std::vector<double>* largest) {
+  std::vector<double> z(p.numCols(), 0.0);
+  if (largest) largest->assign(p.numCols(), 0.0);
+  const int majors = static_cast<int>(p.start.size()) - 1;
+  for (int k = 0; k < majors; ++k)
+    for (int e = p.start[k]; e < p.start[k + 1]; ++e) {
+      const int j = p.columnMajor ? k : p.index[e];
+      const double term = p.value[e] * y[p.columnMajor ? p.index[e] : k];
+      z[j] += term;
+      if (largest) (*largest)[j] = std::max((*largest)[j], std::fabs(term));
+    }
+  return z;
+}
+
+Violations primalViolations(const Problem& p, const double* x,
+                            const std::vector<double>* activities, const PsdValues* psdX) {
+  Violations v;
   for (int j = 0; j < p.numCols(); ++j) {
-    viol = std::max(viol, boundViolation(x[j], p.colLower[j], p.colUpper[j]));
-    if (integers && p.colType[j] != 'C') viol = std::max(viol, std::fabs(x[j] - std::round(x[j])));
+    v.bound = std::max(v.bound, columnViolation(p, j, x[j]));
+    if (p.colType[j] != KLO_CONTINUOUS && p.colType[j] != KLO_SEMICONT)
+      v.integrality = std::max(v.integrality, std::fabs(x[j] - std::round(x[j])));
   }
-  std::vector<double> act = rowActivities(p, x);
+  std::vector<double> own;
+  if (!activities) own = rowActivities(p, x, psdX);
+  const std::vector<double>& act = activities ? *activities : own;
   for (int i = 0; i < p.numRows(); ++i)
-    viol = std::max(viol, boundViolation(act[i], p.rowLower[i], p.rowUpper[i]));
-  if (integers)
-    for (const SosSet& s : p.sos) viol = std::max(viol, sosViolation(s, x));
-  return viol;
+    v.row = std::max(v.row, outside(act[i], p.rowLower[i], p.rowUpper[i]));
+  for (const SosSet& s : p.sos) v.sos = std::max(v.sos, sosViolation(s, x));
+  return v;
+}
+
+double maxViolation(const Problem& p, const double* x, bool integers) {
+  const Violations v = primalViolations(p, x);
+  return integers ? std::max({v.primal(), v.integrality, v.sos}) : v.primal();
 }
 
 }  // namespace klo::engine

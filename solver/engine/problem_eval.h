@@ -1,18 +1,36 @@
 // Evaluating a point against a Problem: row activities, objective, and how
-// far it is from feasible.  Used to check proposed solutions and results.
+// far it is from feasible.  Used to check proposed solutions and answers.
 #ifndef KLO_SOLVER_ENGINE_PROBLEM_EVAL_H
 #define KLO_SOLVER_ENGINE_PROBLEM_EVAL_H
 
 #include <vector>
 
+#include "common/violations.h"
 #include "engine/problem.h"
 
 namespace klo::engine {
 
-std::vector<double> rowActivities(const Problem& p, const double* x);
-double objectiveOf(const Problem& p, const double* x);  // constant included
-// Largest violation of a column bound, row bound or (when integers is
-// true) integrality or SOS condition; 0 for a feasible point.
+// The values of the PSD variables, one dim x dim row-major matrix each;
+// null where a problem has none.
+using PsdValues = std::vector<std::vector<double>>;
+
+// a_i x plus the row's quadratic and PSD terms, for every row.
+std::vector<double> rowActivities(const Problem& p, const double* x,
+                                  const PsdValues* psdX = nullptr);
+// The objective, constant, quadratic and PSD terms included.
+double objectiveOf(const Problem& p, const double* x, const PsdValues* psdX = nullptr);
+
+// A'y for the linear matrix; with largest, also each column's largest
+// |a_ij y_i|.
+std::vector<double> transposeTimes(const Problem& p, const std::vector<double>& y,
+                                   std::vector<double>* largest = nullptr);
+
+// The primal figures of Violations (bounds, rows, integrality, SOS) of x;
+// activities, when given, are x's row activities.
+Violations primalViolations(const Problem& p, const double* x,
+                            const std::vector<double>* activities = nullptr,
+                            const PsdValues* psdX = nullptr);
+// The largest primal figure (with integrality and SOS when integers).
 double maxViolation(const Problem& p, const double* x, bool integers);
 
 }  // namespace klo::engine

@@ -22,6 +22,8 @@
 
 #include <vector>
 
+#include "common/violations.h"
+
 namespace klo::engine {
 
 struct PoolSolution {
@@ -50,6 +52,12 @@ struct Result {
   // MIP solution pool, best first (the first is x).
   std::vector<PoolSolution> pool;
 
+  // PSD variables' values, one dim x dim row-major matrix each.
+  std::vector<std::vector<double>> psdX;
+
+  // Filled by the solve pipeline's answer check, not by adapters.
+  Violations violations;
+
   long long simplexIterations = 0;
   long long barrierIterations = 0;
   long long nodeCount = 0;
@@ -57,6 +65,16 @@ struct Result {
   double presolveTime = 0.0;  // seconds; measured where presolve runs apart (LP barrier), else 0
   double solverTime = 0.0;    // seconds in the engine
 };
+
+// Adds the work counts and times of from (another solve of the same
+// answer's making) to those of to.
+inline void addWork(Result& to, const Result& from) {
+  to.simplexIterations += from.simplexIterations;
+  to.barrierIterations += from.barrierIterations;
+  to.nodeCount += from.nodeCount;
+  to.presolveTime += from.presolveTime;
+  to.solverTime += from.solverTime;
+}
 
 }  // namespace klo::engine
 

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "common/error.h"
-#include "engine/engine.h"
 #include "engine/problem_eval.h"
 #include "solve/optimize.h"
 #include "solve/problem_from_model.h"
@@ -13,7 +12,8 @@
 #include "solve/settings_from_params.h"
 #include "solve/store_result.h"
 #include "solve/trim_result.h"
-#include "solve/unsupported.h"
+#include "solve/checked_solve.h"
+#include "solve/chooser.h"
 
 namespace klo {
 namespace {
@@ -39,7 +39,7 @@ void checkRequest(const ModelData& d, const FeasRelaxRequest& req) {
   checkPenalties(req.rhsPen, d.numRows(), "rhspen");
 }
 
-bool relaxable(const double* pen, int k) { return pen && pen[k] < engine::kInfinity; }
+bool relaxable(const double* pen, int k) { return pen && pen[k] < KLO_INFINITY; }
 
 RelaxationProblem relaxation(const engine::Problem& base, const FeasRelaxRequest& req) {
   RelaxationProblem r(base);
@@ -56,12 +56,13 @@ RelaxationProblem relaxation(const engine::Problem& base, const FeasRelaxRequest
 // (the objective of p) is at most best.
 engine::Result optimiseWithin(engine::Problem& p, const engine::Problem& base, double best,
                               const engine::Settings& s) {
-  appendDenseRow(p, p.obj, -engine::kInfinity, best + 1e-7 * std::max(1.0, std::fabs(best)));
+  appendDenseRow(p, p.obj, -KLO_INFINITY, best + 1e-7 * std::max(1.0, std::fabs(best)));
   std::fill(p.obj.begin(), p.obj.end(), 0.0);
   std::copy(base.obj.begin(), base.obj.end(), p.obj.begin());
   p.sense = base.sense;
   p.objConstant = base.objConstant;
-  return engine::engineFor(p)->solve(p, s);
+  p.objQuad = base.objQuad;
+  return checkedSolve(p, s, {}, "KLOfeasrelax");
 }
 
 // The relaxed problem's result in terms of the model.
@@ -80,15 +81,15 @@ double feasRelax(KLOmodel& m, const FeasRelaxRequest& req) {
   BusyModel busy(m, "KLOfeasrelax");
   const auto started = std::chrono::steady_clock::now();
   checkRequest(m.data, req);
-  refuseUnsupported(m.data, "KLOfeasrelax");
   engine::Problem base = problemFromModel(m.data);
+  chooseEngine(base, "KLOfeasrelax");  // refuses before any work
   base.colBasis.clear();
   base.rowBasis.clear();
   base.startValues.clear();
   const engine::Settings s = settingsFromParams(m.env);
   engine::Problem p =
       relaxation(base, req).build(req.objType, m.env.params.getDbl("MIP/LinearizationBigM"));
-  engine::Result r = engine::engineFor(p)->solve(p, s);
+  engine::Result r = checkedSolve(p, s, {}, "KLOfeasrelax");
   const bool found = r.status == KLO_STATUS_OPTIMAL && r.hasSolution;
   const double measure = found ? r.objective : KLO_INFINITY;
   if (found && req.minRelax) r = optimiseWithin(p, base, measure, s);

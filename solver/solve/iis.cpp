@@ -5,12 +5,12 @@
 #include <string>
 
 #include "common/error.h"
-#include "engine/engine.h"
-#include "engine/log_handler.h"
+#include "common/status_text.h"
 #include "solve/optimize.h"
 #include "solve/problem_from_model.h"
 #include "solve/settings_from_params.h"
-#include "solve/unsupported.h"
+#include "solve/checked_solve.h"
+#include "solve/chooser.h"
 
 namespace klo {
 namespace {
@@ -45,12 +45,12 @@ class IisSearch {
     if (!proven(status))
       fail(KLO_ERROR_INVALID_ARGUMENT,
            std::string("KLOcomputeIIS: the model could not be proven infeasible (") +
-               engine::statusText(status) + ")");
+               statusText(status) + ")");
     std::vector<Bound> candidates = fromCertificate();
     std::vector<Bound> members;
     for (const Bound& b : candidates) {
       const double kept = value(b);
-      value(b) = b.upper ? engine::kInfinity : -engine::kInfinity;
+      value(b) = b.upper ? KLO_INFINITY : -KLO_INFINITY;
       if (proven(check())) continue;  // not needed
       value(b) = kept;
       members.push_back(b);
@@ -70,7 +70,7 @@ class IisSearch {
 
   // The status of a feasibility solve of the problem as it stands.
   int check() {
-    engine::Result r = engine::engineFor(p_)->solve(p_, s_);
+    engine::Result r = checkedSolve(p_, s_, {}, "KLOcomputeIIS");
     p_.colBasis = r.colBasis;  // the next check starts from here
     p_.rowBasis = r.rowBasis;
     ray_ = r.dualRay;
@@ -80,8 +80,8 @@ class IisSearch {
   std::vector<Bound> allBounds() const {
     std::vector<Bound> out;
     auto add = [&](bool row, int k, double lo, double up) {
-      if (lo > -engine::kInfinity) out.push_back(Bound{row, k, false});
-      if (up < engine::kInfinity) out.push_back(Bound{row, k, true});
+      if (lo > -KLO_INFINITY) out.push_back(Bound{row, k, false});
+      if (up < KLO_INFINITY) out.push_back(Bound{row, k, true});
     };
     for (int i = 0; i < p_.numRows(); ++i) add(true, i, p_.rowLower[i], p_.rowUpper[i]);
     for (int j = 0; j < p_.numCols(); ++j) add(false, j, p_.colLower[j], p_.colUpper[j]);
@@ -106,7 +106,7 @@ class IisSearch {
     std::vector<double> kept;
     for (const Bound& b : unused) {
       kept.push_back(value(b));
-      value(b) = b.upper ? engine::kInfinity : -engine::kInfinity;
+      value(b) = b.upper ? KLO_INFINITY : -KLO_INFINITY;
     }
     if (proven(check())) return used;
     for (size_t k = 0; k < unused.size(); ++k) value(unused[k]) = kept[k];
@@ -126,8 +126,8 @@ void addMember(std::vector<int>& v, int k, bool upper) {
 
 void computeIis(KLOmodel& m) {
   BusyModel busy(m, "KLOcomputeIIS");
-  refuseUnsupported(m.data, "KLOcomputeIIS");
   engine::Problem p = problemFromModel(m.data);
+  chooseEngine(p, "KLOcomputeIIS");  // refuses before any work
   p.columnMajor = false;
   IisSearch search(std::move(p), settingsFromParams(m.env));
   const std::vector<Bound> members = search.run();

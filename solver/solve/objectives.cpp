@@ -5,8 +5,9 @@
 #include <cmath>
 #include <numeric>
 
-#include "engine/engine.h"
+#include "common/error.h"
 #include "klo_c.h"
+#include "solve/checked_solve.h"
 #include "solve/problem_from_model.h"
 #include "solve/trim_result.h"
 
@@ -56,9 +57,9 @@ void holdPass(engine::Problem& p, const Pass& pass, double reached, int sense) {
   const double slack = std::max(pass.absTol, pass.relTol * std::fabs(reached));
   const double bound = reached - pass.constant;
   if (sense == 1)
-    appendDenseRow(p, pass.coef, -engine::kInfinity, bound + slack);
+    appendDenseRow(p, pass.coef, -KLO_INFINITY, bound + slack);
   else
-    appendDenseRow(p, pass.coef, bound - slack, engine::kInfinity);
+    appendDenseRow(p, pass.coef, bound - slack, KLO_INFINITY);
 }
 
 // The last pass's result in terms of the model: its rows, objective 0.
@@ -67,25 +68,18 @@ void finish(engine::Result& r, const ModelData& d, const engine::Result& totals)
   const Objective& o = d.objectives[0];
   if (r.hasSolution) r.objective = linearValue(o.coef, o.constant, r.x);
   for (engine::PoolSolution& s : r.pool) s.objective = linearValue(o.coef, o.constant, s.x);
-  r.simplexIterations += totals.simplexIterations;
-  r.barrierIterations += totals.barrierIterations;
-  r.nodeCount += totals.nodeCount;
-  r.presolveTime += totals.presolveTime;
-  r.solverTime += totals.solverTime;
-}
-
-void addTotals(engine::Result& totals, const engine::Result& r) {
-  totals.simplexIterations += r.simplexIterations;
-  totals.barrierIterations += r.barrierIterations;
-  totals.nodeCount += r.nodeCount;
-  totals.presolveTime += r.presolveTime;
-  totals.solverTime += r.solverTime;
+  engine::addWork(r, totals);
 }
 
 }  // namespace
 
 engine::Result solveObjectives(const engine::Problem& base, const ModelData& d,
                                const engine::Settings& settings, const engine::Callback& cb) {
+  // The hold rows of later passes are linear: a quadratic objective 0
+  // would need quadratic ones.
+  if (base.objQuad.size() > 0)
+    fail(KLO_ERROR_NOT_SUPPORTED,
+         "KLOoptimize: several objectives together with quadratic objective terms are not solved");
   const auto started = std::chrono::steady_clock::now();
   const std::vector<Pass> passes = passesOf(d);
   engine::Problem p = base;
@@ -95,10 +89,10 @@ engine::Result solveObjectives(const engine::Problem& base, const ModelData& d,
     p.objConstant = passes[k].constant;
     engine::Settings s = settings;
     const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - started;
-    if (s.maxTime < engine::kInfinity) s.maxTime = std::max(0.0, s.maxTime - spent.count());
-    r = engine::engineFor(p)->solve(p, s, cb);
+    if (s.maxTime < KLO_INFINITY) s.maxTime = std::max(0.0, s.maxTime - spent.count());
+    r = checkedSolve(p, s, cb, "KLOoptimize");
     if (k + 1 == passes.size() || r.status != KLO_STATUS_OPTIMAL) break;
-    addTotals(totals, r);
+    engine::addWork(totals, r);
     holdPass(p, passes[k], r.objective, d.sense);
     p.startValues = r.x;  // still feasible: a start for the next pass
     p.colBasis = r.colBasis;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/error.h"
-#include "engine/engine.h"
+#include "solve/checked_solve.h"
 #include "solve/message_relay.h"
 #include "solve/objectives.h"
 #include "solve/problem_from_model.h"
@@ -14,7 +14,6 @@
 #include "solve/settings_from_params.h"
 #include "solve/store_result.h"
 #include "solve/trim_result.h"
-#include "solve/unsupported.h"
 #include "solve/user_callback.h"
 
 namespace klo {
@@ -28,7 +27,6 @@ BusyModel::BusyModel(KLOmodel& m, const char* what) : m_(m) {
 void optimize(KLOmodel& m) {
   BusyModel busy(m, "KLOoptimize");
   const auto started = std::chrono::steady_clock::now();
-  refuseUnsupported(m.data, "KLOoptimize", Switched::Solved);
   engine::Problem p = problemFromModel(m.data);
   engine::Settings s = settingsFromParams(m.env);
   engine::Callback cb = userCallback(m);
@@ -37,7 +35,7 @@ void optimize(KLOmodel& m) {
       switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
   cb = withoutSwitches(std::move(cb), std::move(switches), m.data);
   engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
-                                                  : engine::engineFor(p)->solve(p, s, cb);
+                                                  : checkedSolve(p, s, cb, "KLOoptimize");
   trimResult(r, m.data.numVars(), m.data.numRows());
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
   storeResult(m, std::move(r), seconds.count());

@@ -30,12 +30,38 @@ void closeRow(engine::Problem& p, double lower, double upper) {
   p.rowUpper.push_back(upper);
 }
 
+engine::QuadTerms quadTerms(const QuadTerms& q) { return engine::QuadTerms{q.row, q.col, q.val}; }
+
+engine::SymMatrix symMatrix(const SymMatrix& m) { return engine::SymMatrix{m.pos, m.val}; }
+
+// Quadratic and PSD terms of rows, PSD variables, the objective's
+// quadratic terms: the store keeps them in the engines' convention already.
+void addNonlinear(engine::Problem& p, const ModelData& d) {
+  p.objQuad = quadTerms(d.qobj);
+  for (int i = 0; i < d.numRows(); ++i) {
+    const Row& r = d.rows[i];
+    if (r.hasQuad()) p.quadRows.push_back(engine::QuadRow{i, quadTerms(r.nl->quad)});
+    if (r.hasPsd())
+      for (const PsdTerm& t : r.nl->psd)
+        p.psdTerms.push_back(engine::PsdTerm{i, t.psdVar, symMatrix(t.mat)});
+  }
+  for (const PsdVar& v : d.psdVars) p.psdVars.push_back(engine::PsdVar{v.dim, symMatrix(v.obj)});
+}
+
+void addIndicators(engine::Problem& p, const ModelData& d) {
+  for (const Indicator& g : d.indicators) {
+    const char sense = g.sense == '>' || g.sense == '=' ? g.sense : '<';
+    p.indicators.push_back(
+        engine::IndicatorRow{g.binVar, g.binVal, g.lin.ind, g.lin.val, sense, g.rhs});
+  }
+}
+
 void addStart(engine::Problem& p, const ModelData& d) {
-  auto set = [](double v) { return v < engine::kUndefined; };
+  auto set = [](double v) { return v < KLO_UNDEFINED; };
   if (std::none_of(d.start.begin(), d.start.end(), set)) return;
   p.startValues = d.start;
   for (double& v : p.startValues)
-    if (!set(v)) v = engine::kUndefined;
+    if (!set(v)) v = KLO_UNDEFINED;
 }
 
 void addBasis(engine::Problem& p, const ModelData& d) {
@@ -55,7 +81,9 @@ engine::Problem problemFromModel(const ModelData& d) {
   addRows(p, d);
   p.sense = d.sense;
   p.objConstant = d.objectives[0].constant;
+  addNonlinear(p, d);
   for (const Sos& s : d.sos) p.sos.push_back(engine::SosSet{s.type, s.members, s.weights});
+  addIndicators(p, d);
   addStart(p, d);
   addBasis(p, d);
   return p;

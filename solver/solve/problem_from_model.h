@@ -1,6 +1,7 @@
-// The engine's copy of a model: the linear part, bounds, types, objective
-// 0 with its constant and sense, SOS sets, the MIP start and the basis to
-// start from.
+// The engine's copy of a model, built in this one place: the linear part,
+// bounds, types, objective 0 with its constant, quadratic terms and sense,
+// quadratic rows, PSD variables and terms, SOS sets, indicator rows, the
+// MIP start and the basis to start from.
 #ifndef KLO_SOLVER_SOLVE_PROBLEM_FROM_MODEL_H
 #define KLO_SOLVER_SOLVE_PROBLEM_FROM_MODEL_H
 
@@ -12,7 +13,7 @@
 
 namespace klo {
 
-// d must have passed refuseUnsupported.  The warm-start basis is the one
+// The warm-start basis is the one
 // the user set ("ColBasis"/"RowBasis"), else the last LP solve's.
 engine::Problem problemFromModel(const ModelData& d);
 

@@ -26,7 +26,7 @@ int appendColumn(engine::Problem& p, double obj, double lower, double upper, cha
   return p.numCols() - 1;
 }
 
-bool finite(double v) { return v > -engine::kInfinity && v < engine::kInfinity; }
+bool finite(double v) { return v > -KLO_INFINITY && v < KLO_INFINITY; }
 
 }  // namespace
 
@@ -50,21 +50,26 @@ engine::Problem RelaxationProblem::build(int objType, double bigM) const {
   p.colLower = b.colLower;
   p.colUpper = b.colUpper;
   p.colType = b.colType;
+  // The base's rows keep their numbers, so their other parts carry over.
+  p.quadRows = b.quadRows;
+  p.psdVars = b.psdVars;
+  p.psdTerms = b.psdTerms;
   p.sos = b.sos;
+  p.indicators = b.indicators;
   std::vector<Entries> rowExtra(b.numRows());
   std::map<int, Entries> boundRows;  // column -> its violation columns
   std::vector<int> measured;
   for (const Violation& v : violations_) {
     const int col = appendColumn(p, objType == 0 ? v.penalty : 0.0, 0.0,
-                                 objType == 2 ? bigM : engine::kInfinity, 'C');
+                                 objType == 2 ? bigM : KLO_INFINITY, 'C');
     measured.push_back(col);
     if (v.row >= 0) {
       rowExtra[v.row].emplace_back(col, v.sign);
       continue;
     }
     boundRows[v.col].emplace_back(col, v.sign);
-    (v.sign > 0 ? p.colLower[v.col] : p.colUpper[v.col]) = v.sign > 0 ? -engine::kInfinity
-                                                                        : engine::kInfinity;
+    (v.sign > 0 ? p.colLower[v.col] : p.colUpper[v.col]) = v.sign > 0 ? -KLO_INFINITY
+                                                                        : KLO_INFINITY;
     if (p.colType[v.col] == 'B') p.colType[v.col] = 'I';  // 'B' would keep [0, 1]
   }
   for (int i = 0; i < b.numRows(); ++i) {
@@ -77,13 +82,13 @@ engine::Problem RelaxationProblem::build(int objType, double bigM) const {
     Entries e{{j, 1.0}};
     e.insert(e.end(), extra.begin(), extra.end());
     const bool lower = p.colLower[j] != b.colLower[j], upper = p.colUpper[j] != b.colUpper[j];
-    appendRow(p, e, lower ? b.colLower[j] : -engine::kInfinity,
-              upper ? b.colUpper[j] : engine::kInfinity);
+    appendRow(p, e, lower ? b.colLower[j] : -KLO_INFINITY,
+              upper ? b.colUpper[j] : KLO_INFINITY);
   }
   if (objType != 2) return p;
   for (std::size_t k = 0; k < violations_.size(); ++k) {
     const int counter = appendColumn(p, violations_[k].penalty, 0.0, 1.0, 'B');
-    appendRow(p, {{measured[k], 1.0}, {counter, -bigM}}, -engine::kInfinity, 0.0);
+    appendRow(p, {{measured[k], 1.0}, {counter, -bigM}}, -KLO_INFINITY, 0.0);
   }
   return p;
 }

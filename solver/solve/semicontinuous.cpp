@@ -19,11 +19,11 @@ constexpr double kZero = 1e-9;
 
 double switchValue(double x) { return std::fabs(x) > kZero ? 1.0 : 0.0; }
 
-bool isSet(double x) { return std::fabs(x) < engine::kInfinity; }  // NaN too is unset
+bool isSet(double x) { return std::fabs(x) < KLO_INFINITY; }  // NaN too is unset
 
 void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out) {
-  const double a = p.colLower[j] <= -engine::kInfinity ? -bigM : p.colLower[j];
-  const double b = p.colUpper[j] >= engine::kInfinity ? bigM : p.colUpper[j];
+  const double a = p.colLower[j] <= -KLO_INFINITY ? -bigM : p.colLower[j];
+  const double b = p.colUpper[j] >= KLO_INFINITY ? bigM : p.colUpper[j];
   const int z = p.numCols();
   p.obj.push_back(0.0);
   p.colLower.push_back(0.0);
@@ -31,12 +31,12 @@ void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out)
   p.colType.push_back(KLO_BINARY);
   if (!p.startValues.empty()) {
     const double x = p.startValues[j];
-    p.startValues.push_back(isSet(x) ? switchValue(x) : engine::kUndefined);
+    p.startValues.push_back(isSet(x) ? switchValue(x) : KLO_UNDEFINED);
   }
   p.colLower[j] = std::min(a, 0.0);
   p.colUpper[j] = std::max(b, 0.0);
-  appendSparseRow(p, {{j, 1.0}, {z, -a}}, 0.0, engine::kInfinity);
-  appendSparseRow(p, {{j, 1.0}, {z, -b}}, -engine::kInfinity, 0.0);
+  appendSparseRow(p, {{j, 1.0}, {z, -a}}, 0.0, KLO_INFINITY);
+  appendSparseRow(p, {{j, 1.0}, {z, -b}}, -KLO_INFINITY, 0.0);
   out.push_back(Switch{j, z});
 }
 
@@ -47,7 +47,7 @@ class SwitchedActions : public engine::CallbackActions {
       : inner_(inner), switches_(switches), n_(n) {}
   int proposeSolution(const double* x, double* objective) override {
     std::vector<double> full(x, x + n_);
-    full.resize(n_ + switches_.size(), engine::kUndefined);
+    full.resize(n_ + switches_.size(), KLO_UNDEFINED);
     for (const Switch& s : switches_)
       if (isSet(x[s.column])) full[s.z] = switchValue(x[s.column]);
     return inner_.proposeSolution(full.data(), objective);

@@ -13,7 +13,6 @@ namespace {
 
 KLOmodel* lib(void* model) { return static_cast<KLOmodel*>(model); }
 
-constexpr double kInfinity = 1e20;
 
 // Penalties of count elements, all value; null for no elements.
 std::unique_ptr<double[]> penalties(int count, double value) {
@@ -68,7 +67,7 @@ double KLOModel::feasRelax(int type, bool minrelax, bool vrelax, bool crelax) {
     // One length for every array: the smaller of the two counts.
     const int n = std::min(get(KLO_IntAttr_NumVars), get(KLO_IntAttr_NumConstrs));
     const auto unit = penalties(n, 1.0);
-    const auto large = penalties(n, kInfinity);
+    const auto large = penalties(n, KLO_INFINITY);
     const double* bounds = vrelax ? unit.get() : large.get();
     return feasRelaxWith(type, minrelax, bounds, bounds, crelax ? unit.get() : large.get());
 }
@@ -78,9 +77,9 @@ double KLOModel::feasRelax(int type, bool minrelax, int nvars, const KLOVar* var
                            const KLOConstr* cons, const double* rhspen) {
     const int numVars = get(KLO_IntAttr_NumVars);
     const int numConstrs = get(KLO_IntAttr_NumConstrs);
-    const auto lower = penalties(numVars, kInfinity);
-    const auto upper = penalties(numVars, kInfinity);
-    const auto rhs = penalties(numConstrs, kInfinity);
+    const auto lower = penalties(numVars, KLO_INFINITY);
+    const auto upper = penalties(numVars, KLO_INFINITY);
+    const auto rhs = penalties(numConstrs, KLO_INFINITY);
     for (int i = 0; i < nvars; ++i) {
         const int k = checkedIndex(vars[i], numVars, -2003);
         lower[k] = lbpen[i];

@@ -5,13 +5,13 @@
 namespace klo_detail {
 
 Bounds senseToBounds(char sense, double rhs) {
-    if (sense == '>') return {rhs, kInfinity};
+    if (sense == '>') return {rhs, KLO_INFINITY};
     if (sense == '=') return {rhs, rhs};
-    return {-kInfinity, rhs};
+    return {-KLO_INFINITY, rhs};
 }
 
 double shifted(double bound, double constant) {
-    return bound > -kInfinity && bound < kInfinity ? bound - constant : bound;
+    return bound > -KLO_INFINITY && bound < KLO_INFINITY ? bound - constant : bound;
 }
 
 template <class H>

@@ -7,11 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "klo_c.h"
 #include "klo_cpp.h"
 
 namespace klo_detail {
-
-constexpr double kInfinity = 1e20;
 
 struct Bounds {
     double lower;

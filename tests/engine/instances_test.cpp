@@ -41,7 +41,7 @@ TEST_P(InstanceSolve, ReachesTheKnownOptimum) {
   Problem p = readMpsProblem(klotest::instancePath(inst));
   ASSERT_EQ(p.isMip(), inst.kind == "MIP");
   Settings s = quietSettings();
-  expectOptimum(inst, p, s, engineFor(p)->solve(p, s));
+  expectOptimum(inst, p, s, (p.isMip() ? makeCbcEngine() : makeClpEngine())->solve(p, s));
 }
 
 // LPs also with every other method, and without presolve.

@@ -59,7 +59,7 @@ TEST(EngineLog, LevelZeroIsSilentEverywhere) {
     s.logLevel = 0;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    Result r = engineFor(p)->solve(p, s, {});
+    Result r = (p.isMip() ? makeCbcEngine() : makeClpEngine())->solve(p, s, {});
     const std::string out = testing::internal::GetCapturedStdout();
     const std::string err = testing::internal::GetCapturedStderr();
     EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);

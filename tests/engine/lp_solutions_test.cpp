@@ -146,7 +146,7 @@ TEST(LpSolutions, MalformedProblemsAreRefusedWithTheirReason) {
       {"index out of range", [](Problem& p) { p.index[1] = 7; }},
       {"column arrays differ", [](Problem& p) { p.colLower.pop_back(); }},
       {"obj[0] is NaN", [](Problem& p) { p.obj[0] = std::nan(""); }},
-      {"column type", [](Problem& p) { p.colType[0] = 'S'; }},
+      {"column type", [](Problem& p) { p.colType[0] = 'X'; }},
       {"basis code 9", [](Problem& p) { p.colBasis = {9, 1}; }},
       {"matrix start", [](Problem& p) { p.start.pop_back(); }},
   };

@@ -178,7 +178,7 @@ TEST(Mip, StartIsUsed) {
   s.levelCuts = 0;
   Problem without = p;
   EXPECT_FALSE(solveMip(without, s).hasSolution);
-  p.startValues = {1, 1, kUndefined, kUndefined, kUndefined};  // a + b: 23
+  p.startValues = {1, 1, KLO_UNDEFINED, KLO_UNDEFINED, KLO_UNDEFINED};  // a + b: 23
   Result r = solveMip(p, s);
   ASSERT_TRUE(r.hasSolution);
   EXPECT_GE(r.objective, 23 - 1e-9);

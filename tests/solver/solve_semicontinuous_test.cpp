@@ -9,23 +9,21 @@
 namespace klotest {
 namespace {
 
-using klo::engine::kInfinity;
-using klo::engine::kUndefined;
 
 TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
   klo::engine::Problem p;
   // x0 S [2, 5], x1 N [-4, -1], x2 S [-1, 3] (holds 0), x3 S [3, inf], x4 C [0, 1]
   p.obj = {1, 1, 1, 1, 1};
   p.colLower = {2, -4, -1, 3, 0};
-  p.colUpper = {5, -1, 3, kInfinity, 1};
+  p.colUpper = {5, -1, 3, KLO_INFINITY, 1};
   p.colType = {'S', 'N', 'S', 'S', 'C'};
   p.columnMajor = false;
   p.start = {0, 2};  // x0 + x4 <= 10
   p.index = {0, 4};
   p.value = {1, 1};
-  p.rowLower = {-kInfinity};
+  p.rowLower = {-KLO_INFINITY};
   p.rowUpper = {10};
-  p.startValues = {4, kUndefined, 0, 0, 1};
+  p.startValues = {4, KLO_UNDEFINED, 0, 0, 1};
 
   std::vector<klo::Switch> s = klo::switchSemicontinuous(p, 100);
 
@@ -44,11 +42,11 @@ TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
   EXPECT_EQ(p.start, (std::vector<int>{0, 2, 4, 6, 8, 10, 12, 14}));
   EXPECT_EQ(p.index, (std::vector<int>{0, 4, 0, 5, 0, 5, 1, 6, 1, 6, 3, 7, 3, 7}));
   EXPECT_EQ(p.value, (std::vector<double>{1, 1, 1, -2, 1, -5, 1, 4, 1, 1, 1, -3, 1, -100}));
-  EXPECT_EQ(p.rowLower, (std::vector<double>{-kInfinity, 0, -kInfinity, 0, -kInfinity, 0,
-                                             -kInfinity}));
-  EXPECT_EQ(p.rowUpper, (std::vector<double>{10, kInfinity, 0, kInfinity, 0, kInfinity, 0}));
+  EXPECT_EQ(p.rowLower, (std::vector<double>{-KLO_INFINITY, 0, -KLO_INFINITY, 0, -KLO_INFINITY, 0,
+                                             -KLO_INFINITY}));
+  EXPECT_EQ(p.rowUpper, (std::vector<double>{10, KLO_INFINITY, 0, KLO_INFINITY, 0, KLO_INFINITY, 0}));
   // A start of x switches z on or off; an unset one leaves z unset.
-  EXPECT_EQ(p.startValues, (std::vector<double>{4, kUndefined, 0, 0, 1, 1, kUndefined, 0}));
+  EXPECT_EQ(p.startValues, (std::vector<double>{4, KLO_UNDEFINED, 0, 0, 1, 1, KLO_UNDEFINED, 0}));
   klo::engine::checkProblem(p);
 }
 
@@ -81,7 +79,7 @@ TEST_F(SolveSemicontinuous, ZeroOrInsideTheBounds) {
       {-1, 'N', 3, 7, '<', 2.5, 0},         // off
       {1, 'S', -5, -2, '>', -3, -3},        // negative range, on
       {-1, 'S', -5, -2, '>', -3, 0},        // negative range, off
-      {-1, 'S', 2, kInfinity, '<', 10, 10}, // no upper bound: "MIP/LinearizationBigM" holds
+      {-1, 'S', 2, KLO_INFINITY, '<', 10, 10}, // no upper bound: "MIP/LinearizationBigM" holds
       {1, 'S', -1, 3, '>', -0.5, -0.5},     // [-1, 3] holds 0: continuous
   };
   for (const Case& c : cases) {

@@ -41,11 +41,13 @@
 #include <cmath>
 #include <mutex>
 
-#include "engine/cbc_arguments.h"
-#include "engine/cbc_hooks.h"
-#include "engine/coin_problem.h"
+#include "engine/cbc/cbc_arguments.h"
+#include "engine/cbc/cbc_hooks.h"
+#include "engine/coin/coin_problem.h"
 #include "engine/engine.h"
-#include "engine/log_handler.h"
+#include "engine/coin/log_handler.h"
+#include "engine/log.h"
+#include "common/status_text.h"
 #include "engine/problem_eval.h"
 #include "klo_c.h"
 
@@ -72,7 +74,7 @@ class CbcRun {
     model.setLogLevel(cbcLogLevel(s_));
     install(model);
     const double timeLeft =
-        s_.maxTime >= kInfinity ? kInfinity : std::max(0.0, s_.maxTime - state_.ctx.runtime());
+        s_.maxTime >= KLO_INFINITY ? KLO_INFINITY : std::max(0.0, s_.maxTime - state_.ctx.runtime());
     std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
     std::vector<const char*> argv;
     for (const std::string& a : args) argv.push_back(a.c_str());
@@ -161,7 +163,7 @@ class CbcRun {
       std::string name = "c" + std::to_string(j);
       solver_.setColName(j, name);
       model.solver()->setColName(j, name);
-      if (p_.startValues[j] < kUndefined) start.emplace_back(name, p_.startValues[j]);
+      if (p_.startValues[j] < KLO_UNDEFINED) start.emplace_back(name, p_.startValues[j]);
     }
     if (!start.empty()) model.setMIPStart(start);
   }
@@ -171,7 +173,7 @@ class CbcRun {
     switch (m.secondaryStatus()) {
       case 0:
       case 2: return r_.hasSolution ? KLO_STATUS_OPTIMAL : KLO_STATUS_INFEASIBLE;
-      case 1: return std::fabs(s_.cutoff) < kInfinity ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
+      case 1: return std::fabs(s_.cutoff) < KLO_INFINITY ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
       case 3: return KLO_STATUS_NODE_LIMIT;
       case 4: return KLO_STATUS_TIME_LIMIT;
       case 5: return KLO_STATUS_INTERRUPTED;
@@ -206,7 +208,7 @@ class CbcRun {
 
   void readBound(const CbcModel& m) {
     const double bound = m.getBestPossibleObjValue();
-    r_.dualObjective = std::fabs(bound) < 1e50 ? state_.toModel(bound) : -p_.sense * kInfinity;
+    r_.dualObjective = std::fabs(bound) < 1e50 ? state_.toModel(bound) : -p_.sense * KLO_INFINITY;
     if (r_.hasSolution && r_.status == KLO_STATUS_OPTIMAL &&
         p_.sense * (r_.dualObjective - r_.objective) > 0)
       r_.dualObjective = r_.objective;  // the bound never passes a proven optimum
@@ -251,6 +253,6 @@ class CbcRun {
 }  // namespace klo::engine
 
 // The entry point through which the solver library loads this engine.
-extern "C" klo::engine::Engine* klo_new_cbc_engine() {
+extern "C" __attribute__((visibility("default"))) klo::engine::Engine* klo_new_cbc_engine() {
   return new klo::engine::RunEngine<klo::engine::CbcRun>();
 }

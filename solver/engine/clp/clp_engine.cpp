@@ -35,11 +35,13 @@
 #include <cmath>
 #include <memory>
 
-#include "engine/clp_barrier.h"
-#include "engine/clp_basis.h"
-#include "engine/coin_problem.h"
+#include "engine/clp/clp_barrier.h"
+#include "engine/clp/clp_basis.h"
+#include "engine/coin/coin_problem.h"
 #include "engine/engine.h"
-#include "engine/log_handler.h"
+#include "engine/coin/log_handler.h"
+#include "engine/log.h"
+#include "common/status_text.h"
 #include "engine/lp_duals.h"
 #include "engine/problem_eval.h"
 #include "klo_c.h"
@@ -287,6 +289,15 @@ class ClpRun {
 
 }  // namespace
 
-std::unique_ptr<Engine> makeClpEngine() { return std::make_unique<RunEngine<ClpRun>>(); }
+EngineEntry clpEntry() {
+  Capabilities caps;
+  caps.duals = caps.rays = caps.basis = true;
+  caps.parameters = {"Method",           "Presolve",           "MaxTime",
+                     "SPX/MaxIterations", "SPX/PrimalTolerance", "SPX/DualTolerance",
+                     "IPM/MaxIterations", "IPM/PrimalTolerance", "IPM/DualTolerance"};
+  return EngineEntry{ClpRun::kName, caps, [] {
+                       return std::unique_ptr<Engine>(std::make_unique<RunEngine<ClpRun>>());
+                     }};
+}
 
 }  // namespace klo::engine

@@ -1,8 +1,8 @@
-#include "engine/cbc_arguments.h"
+#include "engine/cbc/cbc_arguments.h"
 
 #include <cmath>
 
-#include "engine/log_handler.h"
+#include "engine/log.h"
 
 namespace klo::engine {
 namespace {
@@ -36,13 +36,13 @@ void addHeuristics(Args& a, int level) {
 }
 
 void addLimits(Args& a, const Problem& p, const Settings& s, double timeLeft) {
-  if (timeLeft < kInfinity) add(a, "seconds", formatNumber(timeLeft));
+  if (timeLeft < KLO_INFINITY) add(a, "seconds", formatNumber(timeLeft));
   if (s.maxNodes < INT_MAX) add(a, "maxNodes", std::to_string(s.maxNodes));
   if (s.maxSolutions < INT_MAX) add(a, "maxSolutions", std::to_string(s.maxSolutions));
   add(a, "allowableGap", formatNumber(s.gapAbs));
   add(a, "ratioGap", formatNumber(s.gapRel));
   // Cbc minimises, without our constant: a maximisation reaches it negated.
-  if (std::fabs(s.cutoff) < kInfinity)
+  if (std::fabs(s.cutoff) < KLO_INFINITY)
     add(a, "cutoff", formatNumber(p.sense * (s.cutoff - p.objConstant)));
 }
 

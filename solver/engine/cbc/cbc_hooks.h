@@ -12,7 +12,7 @@
 
 #include <vector>
 
-#include "engine/cbc_search_state.h"
+#include "engine/cbc/cbc_search_state.h"
 
 namespace klo::engine {
 

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "engine/callback_context.h"
-#include "engine/cbc_branching.h"
+#include "engine/cbc/cbc_branching.h"
 #include "engine/problem.h"
 #include "engine/result.h"
 #include "engine/settings.h"

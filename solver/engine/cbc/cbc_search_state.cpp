@@ -1,4 +1,4 @@
-#include "engine/cbc_search_state.h"
+#include "engine/cbc/cbc_search_state.h"
 
 #include <CbcModel.hpp>
 #include <CbcTree.hpp>
@@ -8,8 +8,8 @@
 #include <cmath>
 #include <cstdio>
 
-#include "engine/coin_problem.h"
-#include "engine/log_handler.h"
+#include "engine/coin/coin_problem.h"
+#include "engine/log.h"
 #include "engine/problem_eval.h"
 #include "klo_c.h"
 
@@ -25,8 +25,8 @@ SearchState::SearchState(const Problem& p, const Settings& s, const Callback& cb
   ctx.numVars = p.numCols();
   ctx.numRows = p.numRows();
   ctx.isInteger = integerFlags_.data();
-  ctx.objBest = p.sense * kInfinity;
-  ctx.objBound = -p.sense * kInfinity;
+  ctx.objBest = p.sense * KLO_INFINITY;
+  ctx.objBound = -p.sense * KLO_INFINITY;
   ctx.actions = this;
   ctx.lazyConstraints = s.lazyConstraints && cb;
 }
@@ -59,13 +59,13 @@ void SearchState::observe(CbcModel& m) {
 namespace {
 
 std::string gapText(double best, double bound) {
-  if (std::fabs(best) >= kInfinity || std::fabs(bound) >= kInfinity) return "-";
+  if (std::fabs(best) >= KLO_INFINITY || std::fabs(bound) >= KLO_INFINITY) return "-";
   char buf[32];
   std::snprintf(buf, sizeof buf, "%.2f%%", 100.0 * std::fabs(best - bound) / std::max(1e-10, std::fabs(best)));
   return buf;
 }
 
-std::string valueText(double v) { return std::fabs(v) >= kInfinity ? "-" : formatNumber(v); }
+std::string valueText(double v) { return std::fabs(v) >= KLO_INFINITY ? "-" : formatNumber(v); }
 
 }  // namespace
 
@@ -94,7 +94,7 @@ std::vector<double> SearchState::complete(const double* x, bool& ok) const {
   for (int j = 0; j < n; ++j) {
     // Unset: KLO_UNDEFINED, any other value no column can take (magnitude
     // 1e20 or more, as the object layer's "no value" marker) and NaN.
-    if (!(std::fabs(full[j]) < kInfinity)) missing = true;
+    if (!(std::fabs(full[j]) < KLO_INFINITY)) missing = true;
     else lower[j] = upper[j] = full[j];
   }
   if (!missing) return full;

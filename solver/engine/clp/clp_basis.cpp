@@ -1,4 +1,4 @@
-#include "engine/clp_basis.h"
+#include "engine/clp/clp_basis.h"
 
 #include "klo_c.h"
 
@@ -16,7 +16,7 @@ int basisCode(ClpSimplex::Status s, double lower, double upper) {
 }
 
 ClpSimplex::Status clpStatus(int code, double lower, double upper) {
-  const bool hasLower = lower > -kInfinity, hasUpper = upper < kInfinity;
+  const bool hasLower = lower > -KLO_INFINITY, hasUpper = upper < KLO_INFINITY;
   switch (code) {
     case KLO_BASIS_BASIC: return ClpSimplex::basic;
     case KLO_BASIS_SUPERBASIC: return hasLower || hasUpper ? ClpSimplex::superBasic : ClpSimplex::isFree;

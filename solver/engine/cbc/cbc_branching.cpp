@@ -1,4 +1,4 @@
-#include "engine/cbc_branching.h"
+#include "engine/cbc/cbc_branching.h"
 
 #include <CbcModel.hpp>
 #include <CbcSimpleInteger.hpp>

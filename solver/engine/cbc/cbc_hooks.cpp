@@ -1,4 +1,4 @@
-#include "engine/cbc_hooks.h"
+#include "engine/cbc/cbc_hooks.h"
 
 #include <CbcModel.hpp>
 

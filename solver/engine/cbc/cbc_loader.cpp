@@ -19,7 +19,7 @@ using Factory = Engine* (*)();
 // wherever the dynamic loader finds it.
 std::string modulePath() {
   Dl_info info{};
-  if (dladdr(reinterpret_cast<void*>(&makeCbcEngine), &info) && info.dli_fname) {
+  if (dladdr(reinterpret_cast<void*>(&cbcEntry), &info) && info.dli_fname) {
     std::string self = info.dli_fname;
     std::string::size_type slash = self.rfind('/');
     if (slash != std::string::npos) return self.substr(0, slash + 1) + "libklo_cbc.so";
@@ -38,8 +38,6 @@ Factory loadFactory(std::string& error) {
   return reinterpret_cast<Factory>(dlsym(handle, "klo_new_cbc_engine"));
 }
 
-}  // namespace
-
 std::unique_ptr<Engine> makeCbcEngine() {
   static std::once_flag once;
   static Factory factory = nullptr;
@@ -47,6 +45,22 @@ std::unique_ptr<Engine> makeCbcEngine() {
   std::call_once(once, [] { factory = loadFactory(error); });  // never unloaded
   if (!factory) fail(KLO_ERROR_NOT_SUPPORTED, "the MIP engine cannot be loaded: " + error);
   return std::unique_ptr<Engine>(factory());
+}
+
+}  // namespace
+
+// Declared here, in the library itself, so that choosing an engine never
+// loads the module.
+EngineEntry cbcEntry() {
+  Capabilities caps;
+  caps.features = kIntegers | kSos;
+  caps.pool = true;
+  caps.parameters = {"Presolve",          "MaxTime",           "SPX/PrimalTolerance",
+                     "SPX/DualTolerance", "MIP/MaxNodes",      "MIP/MaxSols",
+                     "MIP/GapAbs",        "MIP/GapRel",        "MIP/Cutoff",
+                     "MIP/IntegerTolerance", "MIP/LevelCuts",  "MIP/LevelHeurs",
+                     "MIP/SolutionPoolSize", "MIP/EnableLazyConstr", "NumThreads"};
+  return EngineEntry{"Cbc", caps, makeCbcEngine};
 }
 
 }  // namespace klo::engine

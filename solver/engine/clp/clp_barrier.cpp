@@ -1,4 +1,4 @@
-#include "engine/clp_barrier.h"
+#include "engine/clp/clp_barrier.h"
 
 #include <ClpCholeskyBase.hpp>
 #include <ClpEventHandler.hpp>

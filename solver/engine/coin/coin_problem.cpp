@@ -1,4 +1,4 @@
-#include "engine/coin_problem.h"
+#include "engine/coin/coin_problem.h"
 
 #include <CoinFinite.hpp>
 #include <vector>
@@ -17,8 +17,8 @@ CoinPackedMatrix packedMatrix(const Problem& p) {
 std::vector<double> coinBounds(const std::vector<double>& bounds) {
   std::vector<double> out(bounds);
   for (double& b : out) {
-    if (b >= kInfinity) b = COIN_DBL_MAX;
-    if (b <= -kInfinity) b = -COIN_DBL_MAX;
+    if (b >= KLO_INFINITY) b = COIN_DBL_MAX;
+    if (b <= -KLO_INFINITY) b = -COIN_DBL_MAX;
   }
   return out;
 }

@@ -1,0 +1,33 @@
+// How far an answer is from what it claims, in the model's own terms: the
+// figures of the answer check (solve/answer_check.h), kept with the results
+// and read as attributes.  Every figure is 0 for a perfect answer.
+#ifndef KLO_SOLVER_COMMON_VIOLATIONS_H
+#define KLO_SOLVER_COMMON_VIOLATIONS_H
+
+#include <algorithm>
+
+namespace klo {
+
+struct Violations {
+  // Primal: each violation divided by max(1, |the bound it violates|).
+  double bound = 0.0;  // column bounds
+  double row = 0.0;    // row bounds (linear, quadratic and PSD terms)
+  // Absolute: distance of an integer column from the nearest integer, and
+  // the largest non-zero outside what an SOS set allows.
+  double integrality = 0.0;
+  double sos = 0.0;
+  // Dual, for continuous models with duals: reduced costs (recomputed from
+  // the row duals) and row duals of the wrong sign for the position of
+  // their column or row, each divided by max(1, the largest term that
+  // makes it up); and the largest product of a dual and the distance to
+  // the bound it pairs with, divided by max(1, |objective|).
+  double dual = 0.0;
+  double complementarity = 0.0;
+  bool dualChecked = false;  // the dual figures were computed
+
+  double primal() const { return std::max(bound, row); }
+};
+
+}  // namespace klo
+
+#endif

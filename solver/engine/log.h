@@ -1,0 +1,19 @@
+// Log lines the adapters write themselves (summaries, progress).
+#ifndef KLO_SOLVER_ENGINE_LOG_H
+#define KLO_SOLVER_ENGINE_LOG_H
+
+#include <string>
+
+#include "engine/settings.h"
+
+namespace klo::engine {
+
+// Writes one line to the sink when there is one and the level allows it.
+void logLine(const Settings& s, const std::string& line);
+
+// A number as log lines show it (up to 10 significant digits).
+std::string formatNumber(double v);
+
+}  // namespace klo::engine
+
+#endif

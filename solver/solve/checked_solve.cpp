@@ -1,0 +1,113 @@
+#include "solve/checked_solve.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string>
+#include <utility>
+
+#include "engine/engine.h"
+#include "engine/log.h"
+#include "solve/answer_check.h"
+#include "solve/chooser.h"
+
+namespace klo {
+namespace {
+
+using engine::LpMethod;
+using Clock = std::chrono::steady_clock;
+
+// How badly an answer misses: its worst figure relative to its tolerance.
+double missBy(const engine::Result& r, const engine::Settings& s) {
+  const Violations& v = r.violations;
+  return std::max({v.primal() / s.primalTolerance, v.sos / s.primalTolerance,
+                   v.integrality / s.integerTolerance, v.dual / s.dualTolerance,
+                   v.complementarity / s.dualTolerance});
+}
+
+std::string figures(const Violations& v) {
+  std::string text = "primal " + engine::formatNumber(v.primal());
+  if (v.dualChecked)
+    text += ", dual " + engine::formatNumber(v.dual) + ", complementarity " +
+            engine::formatNumber(v.complementarity);
+  if (v.integrality > 0) text += ", integrality " + engine::formatNumber(v.integrality);
+  return text;
+}
+
+// Simplex continuations from the basis an answer ended with: the same
+// method first, then the other one.
+class CleanUp {
+ public:
+  CleanUp(const engine::Problem& p, const engine::Settings& s, const engine::Callback& cb,
+          engine::Engine& e, Clock::time_point started)
+      : p_(p), s_(s), cb_(cb), e_(e), started_(started) {}
+
+  engine::Result run(engine::Result first) {
+    engine::Result best = std::move(first), work = best;
+    const bool primalFirst = s_.method == LpMethod::Primal || s_.method == LpMethod::Barrier;
+    for (LpMethod m : {primalFirst ? LpMethod::Primal : LpMethod::Dual,
+                       primalFirst ? LpMethod::Dual : LpMethod::Primal}) {
+      if (work.colBasis.empty() || timeLeft() <= 0) break;
+      engine::Result next = continueFrom(work, m);
+      engine::addWork(work, next);
+      const bool passed = next.status == KLO_STATUS_OPTIMAL && passesCheck(next, s_);
+      if (next.hasSolution && (passed || missBy(next, s_) < missBy(best, s_))) best = next;
+      work.colBasis = std::move(next.colBasis);
+      work.rowBasis = std::move(next.rowBasis);
+      if (passed) return withWork(std::move(best), work);
+    }
+    engine::logLine(s_, "Answer check failed after clean-up (" + figures(best.violations) +
+                            "): reported as suboptimal");
+    best.status = KLO_STATUS_SUBOPTIMAL;
+    return withWork(std::move(best), work);
+  }
+
+ private:
+  double timeLeft() const {
+    const std::chrono::duration<double> spent = Clock::now() - started_;
+    return s_.maxTime - spent.count();
+  }
+
+  engine::Result continueFrom(const engine::Result& from, LpMethod method) {
+    engine::Problem warm = p_;
+    warm.colBasis = from.colBasis;
+    warm.rowBasis = from.rowBasis;
+    engine::Settings s = s_;
+    s.method = method;
+    s.presolve = 0;
+    if (s.maxTime < KLO_INFINITY) s.maxTime = timeLeft();
+    engine::Result r = e_.solve(warm, s, cb_);
+    measureAnswer(p_, r);
+    return r;
+  }
+
+  // The work of every attempt, on the answer kept.
+  static engine::Result withWork(engine::Result best, const engine::Result& work) {
+    best.simplexIterations = best.barrierIterations = best.nodeCount = 0;
+    best.presolveTime = best.solverTime = 0.0;
+    engine::addWork(best, work);
+    return best;
+  }
+
+  const engine::Problem& p_;
+  const engine::Settings& s_;
+  const engine::Callback& cb_;
+  engine::Engine& e_;
+  Clock::time_point started_;
+};
+
+}  // namespace
+
+engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
+                            const engine::Callback& cb, const char* what) {
+  const Clock::time_point started = Clock::now();
+  const engine::EngineEntry& entry = chooseEngine(p, what);
+  std::unique_ptr<engine::Engine> e = entry.make();
+  engine::Result r = e->solve(p, s, cb);
+  measureAnswer(p, r);
+  if (r.status != KLO_STATUS_OPTIMAL || passesCheck(r, s)) return r;
+  engine::logLine(s, std::string("Answer check failed (") + figures(r.violations) +
+                         "): cleaning up");
+  return CleanUp(p, s, cb, *e, started).run(std::move(r));
+}
+
+}  // namespace klo

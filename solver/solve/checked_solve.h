@@ -1,0 +1,25 @@
+// The one way the library runs an engine: the chooser picks it, it solves,
+// the answer is measured (solve/answer_check.h), and an answer that claims
+// to be optimal but fails the check is cleaned up.
+#ifndef KLO_SOLVER_SOLVE_CHECKED_SOLVE_H
+#define KLO_SOLVER_SOLVE_CHECKED_SOLVE_H
+
+#include "engine/callback_context.h"
+#include "engine/problem.h"
+#include "engine/result.h"
+#include "engine/settings.h"
+
+namespace klo {
+
+// Solves p.  When an optimal answer fails the check and the engine gave a
+// basis, the solve continues from that basis without presolve, first with
+// the same simplex method, then with the other one; iterations add up.
+// When no answer passes, the status is KLO_STATUS_SUBOPTIMAL and the answer
+// with the smallest violations is kept.  what names the operation in
+// refusals ("KLOoptimize").  Throws as the chooser and the engine do.
+engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
+                            const engine::Callback& cb, const char* what);
+
+}  // namespace klo
+
+#endif

@@ -1,0 +1,38 @@
+// Which engine solves a problem: the model's class from its features, and
+// the first engine whose declaration takes them.  Every solve path
+// (KLOoptimize, objective passes, IIS, feasibility relaxation) asks here.
+#ifndef KLO_SOLVER_SOLVE_CHOOSER_H
+#define KLO_SOLVER_SOLVE_CHOOSER_H
+
+#include <vector>
+
+#include "engine/engine.h"
+
+namespace klo {
+
+enum class ModelClass {
+  LP,    // linear, continuous
+  MIP,   // linear with integers, SOS, semi-continuous or indicator parts
+  QP,    // quadratic objective, linear rows, continuous
+  QCQP,  // quadratic rows, continuous
+  MIQP,  // integer parts together with quadratic terms (objective or rows)
+  SDP,   // PSD variables with linear everything else
+  Other  // PSD variables together with integer or quadratic parts
+};
+
+ModelClass classify(unsigned features);
+const char* className(ModelClass c);  // "LP", "MIP", "QP", ...
+
+// The first of `from` that takes p.  Otherwise throws
+// KLO_ERROR_NOT_SUPPORTED: "<what>: the model has <feature>, which no
+// engine of this library solves" for a feature no engine takes at all, or
+// "... has <feature> together with <feature>, which ..." when each is
+// taken but no engine takes them together.
+const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* what,
+                                        const std::vector<engine::EngineEntry>& from);
+// The same, among the library's engines.
+const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* what);
+
+}  // namespace klo
+
+#endif
