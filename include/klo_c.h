@@ -5,8 +5,8 @@
  * error code on failure.  Positive codes are non-fatal refusals and are
  * returned only by the callback submission functions (KLOcbsolution,
  * KLOcbcut, KLOcbbranch and their index variants).  The exceptions are the
- * functions that return pointers: KLOexplainerror, KLOgeterrormsg,
- * KLOcopymodel, KLOgetenv and KLOgetmultiobjenv.
+ * functions that return pointers: KLOexplainerror, KLOexplainstatus,
+ * KLOgeterrormsg, KLOcopymodel, KLOgetenv and KLOgetmultiobjenv.
  *
  * A failed call changes nothing: adding 100 rows of which one names a bad
  * variable adds none.  KLOgeterrormsg(env) gives the last error of an
@@ -467,6 +467,12 @@ const char *KLOgeterrormsg(KLOenv *env);
 /** Plain text of a status code (see the list above); a generic text naming
  *  the number for unknown codes.  Never null; the text is static. */
 const char *KLOexplainerror(int code);
+
+/** Returns the plain text of an optimisation status (the "Status"
+ *  attribute): "optimal", "infeasible", "time limit reached", ...; "unknown
+ *  status" for a number that is none of KLO_STATUS_...  The text belongs to
+ *  the library and stays valid. */
+const char *KLOexplainstatus(int status);
 
 /* ========================================================================
  * Parameters (see the list above)

@@ -1,6 +1,8 @@
-// KLOexplainerror: the plain text of every status code of klo_c.h.
+// KLOexplainerror and KLOexplainstatus: the plain text of every error code
+// and optimisation status of klo_c.h.
 #include <cstdio>
 
+#include "common/status_text.h"
 #include "klo_c.h"
 
 namespace {
@@ -57,3 +59,5 @@ extern "C" const char* KLOexplainerror(int code) {
   std::snprintf(generic, sizeof generic, "Unknown error code %d", code);
   return generic;
 }
+
+extern "C" const char* KLOexplainstatus(int status) { return klo::statusText(status); }

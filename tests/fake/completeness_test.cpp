@@ -19,7 +19,7 @@ namespace {
 
 const std::pair<const char*, const void*> kDefined[] = {
     KLO_FN(KLOemptyenv), KLO_FN(KLOloadenv), KLO_FN(KLOstartenv), KLO_FN(KLOfreeenv),
-    KLO_FN(KLOmsg), KLO_FN(KLOgeterrormsg), KLO_FN(KLOexplainerror),
+    KLO_FN(KLOmsg), KLO_FN(KLOgeterrormsg), KLO_FN(KLOexplainerror), KLO_FN(KLOexplainstatus),
     KLO_FN(KLOgetintparam), KLO_FN(KLOgetdblparam), KLO_FN(KLOgetstrparam),
     KLO_FN(KLOsetintparam), KLO_FN(KLOsetdblparam), KLO_FN(KLOsetstrparam),
     KLO_FN(KLOgetintparaminfo), KLO_FN(KLOgetdblparaminfo), KLO_FN(KLOgetstrparaminfo),

@@ -32,6 +32,11 @@ const char* KLOexplainerror(int code) {
     return engine.keep("fake error " + std::to_string(code));
 }
 
+const char* KLOexplainstatus(int status) {
+    klo_fake::status(__func__, {status});
+    return Engine::instance().keep("fake status " + std::to_string(status));
+}
+
 int KLOgetintparam(KLOenv* env, const char* paramname, int* valueP) {
     return status(__func__, {env, text(paramname), out(valueP)});
 }

@@ -4,7 +4,6 @@
 // Exit status: 0 when the model was solved (whatever its status), 1 when the
 // library refused something (unreadable file, value out of range, ...), 2
 // for a command line that cannot be used.
-#include <klo_cpp.h>
 #include <malloc.h>
 
 #include <iostream>
@@ -12,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "library.h"
 #include "options.h"
 #include "parameters.h"
 #include "summary.h"
@@ -27,12 +27,9 @@ const char* const kUsage =
     "(solution), .mps or .lp (model), .mst (start), .prm (parameters), .bas (basis);\n"
     "it may be given several times.\n";
 
-int fail(const std::string& what, const KLOException& e, const std::string& detail) {
-    std::cerr << "klo_cl: " << what << ": " << e.getMessage() << " (" << e.getErrorCode()
-              << ")";
-    if (!detail.empty() && detail != e.getMessage()) std::cerr << "\n  " << detail;
-    std::cerr << "\n";
-    return 1;
+int fail(const std::string& what, const klo_cl::LibraryError& e) {
+  std::cerr << "klo_cl: " << what << ": " << e.what() << "\n";
+  return 1;
 }
 
 // The simplex engine frees and reallocates its factorisation, a little
@@ -44,25 +41,25 @@ void keepFreedMemory() {
     mallopt(M_TRIM_THRESHOLD, 64 << 20);
 }
 
-int solve(KLOEnv& env, const klo_cl::Options& options) {
-    std::unique_ptr<KLOModel> model;
-    try {
-        model = std::make_unique<KLOModel>(env, options.modelFile);
-    } catch (const KLOException& e) {
-        return fail("cannot read " + options.modelFile, e, env.getErrorMsg());
+int solve(KLOenv* env, const klo_cl::Options& options) {
+  std::unique_ptr<klo_cl::Model> model;
+  try {
+    model = std::make_unique<klo_cl::Model>(env, options.modelFile);
+  } catch (const klo_cl::LibraryError& e) {
+    return fail("cannot read " + options.modelFile, e);
+  }
+  try {
+    klo_cl::printModelSize(model->model, options.modelFile, std::cout);
+    klo_cl::check(model->env(), KLOoptimize(model->model));
+    klo_cl::printSummary(model->model, std::cout);
+    for (const std::string& file : options.resultFiles) {
+      klo_cl::check(model->env(), KLOwrite(model->model, file.c_str()));
+      std::cout << "Wrote " << file << "\n";
     }
-    try {
-        klo_cl::printModelSize(*model, options.modelFile, std::cout);
-        model->optimize();
-        klo_cl::printSummary(*model, std::cout);
-        for (const std::string& file : options.resultFiles) {
-            model->write(file);
-            std::cout << "Wrote " << file << "\n";
-        }
-    } catch (const KLOException& e) {
-        return fail("solve failed", e, model->getEnv().getErrorMsg());
-    }
-    return 0;
+  } catch (const klo_cl::LibraryError& e) {
+    return fail("solve failed", e);
+  }
+  return 0;
 }
 
 }  // namespace
@@ -76,24 +73,25 @@ int main(int argc, char** argv) {
         std::cerr << "klo_cl: " << e.what() << "\n" << kUsage;
         return 2;
     }
-    try {
-        KLOEnv env(true);  // parameters first, so that LogFile applies from the start
-        for (const auto& [name, value] : options.parameters) {
-            try {
-                klo_cl::setParameter(env, name, value);
-            } catch (const KLOException& e) {
-                return fail("cannot set " + name + "=" + value, e, env.getErrorMsg());
-            }
-        }
-        env.start();
-        if (!options.help) return solve(env, options);
-        std::cout << kUsage << "\nParameters:\n";
-        klo_cl::listParameters(env, std::cout);
-        return 0;
-    } catch (const klo_cl::UsageError& e) {
-        std::cerr << "klo_cl: " << e.what() << "\n";
-        return 2;
-    } catch (const KLOException& e) {
-        return fail("cannot start the environment", e, "");
+  try {
+    klo_cl::Environment environment;  // parameters first, so that LogFile applies from the start
+    KLOenv* env = environment.env;
+    for (const auto& [name, value] : options.parameters) {
+      try {
+        klo_cl::setParameter(env, name, value);
+      } catch (const klo_cl::LibraryError& e) {
+        return fail("cannot set " + name + "=" + value, e);
+      }
     }
+    klo_cl::check(env, KLOstartenv(env));
+    if (!options.help) return solve(env, options);
+    std::cout << kUsage << "\nParameters:\n";
+    klo_cl::listParameters(env, std::cout);
+    return 0;
+  } catch (const klo_cl::UsageError& e) {
+    std::cerr << "klo_cl: " << e.what() << "\n";
+    return 2;
+  } catch (const klo_cl::LibraryError& e) {
+    return fail("cannot start the environment", e);
+  }
 }

@@ -1,6 +1,6 @@
 #include "parameters.h"
 
-#include <klo_cpp.h>
+#include <klo_cpp.h>  // the parameter name tables
 
 #include <cerrno>
 #include <cmath>
@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <strings.h>
 
+#include "library.h"
 #include "options.h"
 
 namespace klo_cl {
@@ -44,42 +45,42 @@ double parseReal(const std::string& name, const std::string& text) {
 
 }  // namespace
 
-void setParameter(KLOEnv& env, const std::string& name, const std::string& value) {
-    if (int i = find(INT_PARNAMES, kIntParams, name); i >= 0) {
-        env.set(KLO_IntParam(i), int(parseInteger(INT_PARNAMES[i], value)));
-    } else if (int d = find(DBL_PARNAMES, kDoubleParams, name); d >= 0) {
-        env.set(KLO_DoubleParam(d), parseReal(DBL_PARNAMES[d], value));
-    } else if (strcasecmp(name.c_str(), "LogFile") == 0) {
-        env.set(KLO_StringParam(0), value);
-    } else {
-        throw UsageError("unknown parameter " + name + " (see klo_cl --help)");
-    }
+void setParameter(KLOenv* env, const std::string& name, const std::string& value) {
+  if (int i = find(INT_PARNAMES, kIntParams, name); i >= 0) {
+    const int v = int(parseInteger(INT_PARNAMES[i], value));
+    check(env, KLOsetintparam(env, INT_PARNAMES[i], v));
+  } else if (int d = find(DBL_PARNAMES, kDoubleParams, name); d >= 0) {
+    check(env, KLOsetdblparam(env, DBL_PARNAMES[d], parseReal(DBL_PARNAMES[d], value)));
+  } else if (strcasecmp(name.c_str(), "LogFile") == 0) {
+    check(env, KLOsetstrparam(env, "LogFile", value.c_str()));
+  } else {
+    throw UsageError("unknown parameter " + name + " (see klo_cl --help)");
+  }
 }
 
-void listParameters(const KLOEnv& env, std::ostream& out) {
-    char line[160];
-    std::snprintf(line, sizeof line, "  %-34s %-7s %12s  %s\n", "name", "type", "default",
-                  "range");
+void listParameters(KLOenv* env, std::ostream& out) {
+  char line[160];
+  std::snprintf(line, sizeof line, "  %-34s %-7s %12s  %s\n", "name", "type", "default",
+                "range");
+  out << line;
+  for (int p = 0; p < kIntParams; ++p) {
+    int value, min, max, def;
+    check(env, KLOgetintparaminfo(env, INT_PARNAMES[p], &value, &min, &max, &def));
+    std::snprintf(line, sizeof line, "  %-34s %-7s %12d  [%d, %d]\n", INT_PARNAMES[p], "int", def,
+                  min, max);
     out << line;
-    for (int p = 0; p < kIntParams; ++p) {
-        int value, min, max, def;
-        env.getParamInfo(KLO_IntParam(p), &value, &min, &max, &def);
-        std::snprintf(line, sizeof line, "  %-34s %-7s %12d  [%d, %d]\n", INT_PARNAMES[p], "int",
-                      def, min, max);
-        out << line;
-    }
-    for (int p = 0; p < kDoubleParams; ++p) {
-        double value, min, max, def;
-        env.getParamInfo(KLO_DoubleParam(p), &value, &min, &max, &def);
-        std::snprintf(line, sizeof line, "  %-34s %-7s %12g  [%g, %g]\n", DBL_PARNAMES[p],
-                      "double", def, min, max);
-        out << line;
-    }
-    std::string value, def;
-    env.getParamInfo(KLO_StringParam(0), value, def);
-    std::snprintf(line, sizeof line, "  %-34s %-7s %12s\n", "LogFile", "string",
-                  def.empty() ? "\"\"" : def.c_str());
+  }
+  for (int p = 0; p < kDoubleParams; ++p) {
+    double value, min, max, def;
+    check(env, KLOgetdblparaminfo(env, DBL_PARNAMES[p], &value, &min, &max, &def));
+    std::snprintf(line, sizeof line, "  %-34s %-7s %12g  [%g, %g]\n", DBL_PARNAMES[p], "double",
+                  def, min, max);
     out << line;
+  }
+  char value[512], def[512];
+  check(env, KLOgetstrparaminfo(env, "LogFile", value, def));
+  std::snprintf(line, sizeof line, "  %-34s %-7s ", "LogFile", "string");
+  out << line << (def[0] ? def : "\"\"") << "\n";
 }
 
 }  // namespace klo_cl

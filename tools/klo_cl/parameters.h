@@ -2,19 +2,19 @@
 // case, values checked strictly against the parameter's type and range.
 #pragma once
 
+#include <klo_c.h>
+
 #include <ostream>
 #include <string>
-
-class KLOEnv;
 
 namespace klo_cl {
 
 // Sets parameter `name` of env from the text `value`.  Throws UsageError for
-// an unknown name or a value that is not a number of the parameter's type;
-// the library's range check raises KLOException.
-void setParameter(KLOEnv& env, const std::string& name, const std::string& value);
+// an unknown name or a value that is not a number of the parameter's type,
+// LibraryError when the library refuses the value.
+void setParameter(KLOenv* env, const std::string& name, const std::string& value);
 
 // Writes every parameter with its type, default and range.
-void listParameters(const KLOEnv& env, std::ostream& out);
+void listParameters(KLOenv* env, std::ostream& out);
 
 }  // namespace klo_cl

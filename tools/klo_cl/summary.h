@@ -1,20 +1,18 @@
-// The summary klo_cl prints after a solve.
+// What klo_cl prints around a solve.
 #pragma once
+
+#include <klo_c.h>
 
 #include <ostream>
 #include <string>
 
-class KLOModel;
-
 namespace klo_cl {
 
 // One line on the model just read: its size and kind.
-void printModelSize(const KLOModel& model, const std::string& file, std::ostream& out);
+void printModelSize(KLOmodel* model, const std::string& file, std::ostream& out);
 
-// Status, objective, bound and gap (for MIPs), time and iterations.
-void printSummary(const KLOModel& model, std::ostream& out);
-
-// The plain word for a value of the "Status" attribute.
-const char* statusName(int status);
+// Status, objective, bound and gap (for MIPs), time, iterations, and the
+// answer check's largest violations.
+void printSummary(KLOmodel* model, std::ostream& out);
 
 }  // namespace klo_cl
