@@ -35,7 +35,12 @@ bool parseDouble(const std::string& s, double& out) {
 
 std::string formatDouble(double v) {
   char buf[32];
-  std::snprintf(buf, sizeof buf, "%.17g", v);
+  // The fewest digits that read back as the same double: 0.01, not
+  // 0.010000000000000000208.
+  for (int digits = 15; digits <= 17; ++digits) {
+    std::snprintf(buf, sizeof buf, "%.*g", digits, v);
+    if (std::strtod(buf, nullptr) == v) break;
+  }
   return buf;
 }
 

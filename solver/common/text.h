@@ -13,7 +13,8 @@ std::vector<std::string> splitWords(const std::string& s);
 bool endsWith(const std::string& s, const std::string& suffix);
 // Parses the whole of s as a number; false when it is not one.
 bool parseDouble(const std::string& s, double& out);
-// "%.17g": enough digits to read back the same double.
+// The shortest "%g" text (15 to 17 digits) that reads back as the same
+// double.
 std::string formatDouble(double v);
 
 }  // namespace klo

@@ -30,6 +30,8 @@
 #include <climits>
 #include <functional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace klo::engine {
 
@@ -73,6 +75,10 @@ struct Settings {
   int logLevel = 1;
   double progressInterval = 1.0;  // seconds between MIP progress lines
   LogSink log;
+
+  // The engine parameters set away from their defaults, (name, value as
+  // text): what the chosen engine does not honour is said in the log.
+  std::vector<std::pair<std::string, std::string>> changedParameters;
 };
 
 }  // namespace klo::engine

@@ -5,7 +5,6 @@
 #include <string>
 #include <utility>
 
-#include "engine/engine.h"
 #include "engine/log.h"
 #include "solve/answer_check.h"
 #include "solve/chooser.h"
@@ -98,9 +97,10 @@ class CleanUp {
 }  // namespace
 
 engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
-                            const engine::Callback& cb, const char* what) {
+                            const engine::Callback& cb, const char* what,
+                            const std::vector<engine::EngineEntry>& from) {
   const Clock::time_point started = Clock::now();
-  const engine::EngineEntry& entry = chooseEngine(p, what);
+  const engine::EngineEntry& entry = chooseEngine(p, what, from);
   std::unique_ptr<engine::Engine> e = entry.make();
   engine::Result r = e->solve(p, s, cb);
   measureAnswer(p, r);

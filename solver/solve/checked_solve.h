@@ -4,10 +4,9 @@
 #ifndef KLO_SOLVER_SOLVE_CHECKED_SOLVE_H
 #define KLO_SOLVER_SOLVE_CHECKED_SOLVE_H
 
-#include "engine/callback_context.h"
-#include "engine/problem.h"
-#include "engine/result.h"
-#include "engine/settings.h"
+#include <vector>
+
+#include "engine/engine.h"
 
 namespace klo {
 
@@ -16,9 +15,11 @@ namespace klo {
 // the same simplex method, then with the other one; iterations add up.
 // When no answer passes, the status is KLO_STATUS_SUBOPTIMAL and the answer
 // with the smallest violations is kept.  what names the operation in
-// refusals ("KLOoptimize").  Throws as the chooser and the engine do.
+// refusals ("KLOoptimize").  The engine is chosen among `from`.  Throws as
+// the chooser and the engine do.
 engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
-                            const engine::Callback& cb, const char* what);
+                            const engine::Callback& cb, const char* what,
+                            const std::vector<engine::EngineEntry>& from = engine::engines());
 
 }  // namespace klo
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "common/error.h"
+#include "engine/log.h"
 #include "klo_c.h"
 
 namespace klo {
@@ -73,6 +74,16 @@ const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* wh
 
 const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* what) {
   return chooseEngine(p, what, engine::engines());
+}
+
+void logUnusedParameters(const engine::EngineEntry& e, const engine::Settings& s) {
+  for (const auto& [name, value] : s.changedParameters) {
+    bool used = false;
+    for (const char* honoured : e.caps.parameters) used = used || name == honoured;
+    if (!used)
+      engine::logLine(s, std::string(e.name) + " does not use parameter \"" + name +
+                             "\" (set to " + value + ")");
+  }
 }
 
 }  // namespace klo

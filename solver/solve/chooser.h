@@ -33,6 +33,10 @@ const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* wh
 // The same, among the library's engines.
 const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* what);
 
+// Writes a log line for each of s.changedParameters that e does not
+// honour.
+void logUnusedParameters(const engine::EngineEntry& e, const engine::Settings& s);
+
 }  // namespace klo
 
 #endif

@@ -7,6 +7,7 @@
 
 #include "common/error.h"
 #include "solve/checked_solve.h"
+#include "solve/chooser.h"
 #include "solve/message_relay.h"
 #include "solve/objectives.h"
 #include "solve/problem_from_model.h"
@@ -34,6 +35,7 @@ void optimize(KLOmodel& m) {
   std::vector<Switch> switches =
       switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
   cb = withoutSwitches(std::move(cb), std::move(switches), m.data);
+  logUnusedParameters(chooseEngine(p, "KLOoptimize"), s);
   engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
                                                   : checkedSolve(p, s, cb, "KLOoptimize");
   trimResult(r, m.data.numVars(), m.data.numRows());

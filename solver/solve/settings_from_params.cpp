@@ -28,6 +28,14 @@ void mipSettings(engine::Settings& s, const ParamSet& p) {
   s.lazyConstraints = p.getInt("MIP/EnableLazyConstr") != 0;
 }
 
+// Parameters that the library applies itself, whatever the engine.
+bool libraryParameter(const std::string& name) {
+  for (const char* own : {"OutputFlag", "LogToConsole", "LogFile", "ObjNumber",
+                          "MIP/SolutionNumber", "MIP/LinearizationBigM"})
+    if (name == own) return true;
+  return false;
+}
+
 }  // namespace
 
 engine::Settings settingsFromParams(KLOenv& env) {
@@ -41,6 +49,8 @@ engine::Settings settingsFromParams(KLOenv& env) {
   const bool console = p.getInt("LogToConsole") != 0;
   const bool file = !p.getStr("LogFile").empty();
   s.logLevel = p.getInt("OutputFlag") != 0 && (console || file) ? 1 : 0;
+  for (auto& [name, value] : p.nonDefaults())
+    if (!libraryParameter(name)) s.changedParameters.emplace_back(name, value);
   KLOenv* e = &env;
   s.log = [e](const std::string& line) { e->message(line); };
   return s;

@@ -26,6 +26,20 @@ TEST_F(SolveLog, LpAndMipSummariesReachTheLogFile) {
   EXPECT_NE(mip.find("MIP optimal, objective 3089"), std::string::npos) << mip;
 }
 
+TEST_F(SolveLog, ParametersTheChosenEngineDoesNotUseAreNamed) {
+  TempFile file(".log");
+  readInstance("afiro.mps.gz");
+  logTo(file);
+  setDbl("MIP/GapRel", 0.01);
+  setInt("SPX/MaxIterations", 1000);
+  optimize();
+  const std::string log = file.read();
+  EXPECT_NE(log.find("Clp does not use parameter \"MIP/GapRel\" (set to 0.01)"),
+            std::string::npos)
+      << log;
+  EXPECT_EQ(log.find("SPX/MaxIterations"), std::string::npos) << log;
+}
+
 TEST_F(SolveLog, OutputFlagZeroSilencesTheEngines) {
   TempFile file(".log");
   readInstance("p0033.mps.gz");
