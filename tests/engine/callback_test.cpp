@@ -1,4 +1,4 @@
-// User callbacks inside the Cbc search: incumbents, node relaxations,
+// User callbacks inside the search of every engine that takes integers: incumbents, node relaxations,
 // cuts, proposed solutions, progress and stopping.
 #include <gtest/gtest.h>
 
@@ -6,10 +6,12 @@
 
 #include "engine/problem_eval.h"
 #include "klo_c.h"
-#include "problem_builder.h"
+#include "engine_suite.h"
 
 namespace klo::engine::test {
 namespace {
+
+using Callbacks = EngineTest;
 
 // Heuristics and cuts off, so that the callback's actions show.
 Settings bare() {
@@ -19,7 +21,7 @@ Settings bare() {
   return s;
 }
 
-TEST(Callback, IncumbentsImproveAndMatchTheResult) {
+TEST_P(Callbacks, IncumbentsImproveAndMatchTheResult) {
   Problem p = readInstance("p0548");
   struct Seen {
     double obj;
@@ -42,7 +44,7 @@ TEST(Callback, IncumbentsImproveAndMatchTheResult) {
     seen.push_back({best, count});
     return 0;
   };
-  Result r = makeCbcEngine()->solve(p, quietSettings(), cb);
+  Result r = solve(p, quietSettings(), cb);
   ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
   ASSERT_FALSE(seen.empty());
   for (size_t k = 1; k < seen.size(); ++k) {
@@ -52,7 +54,7 @@ TEST(Callback, IncumbentsImproveAndMatchTheResult) {
   EXPECT_NEAR(seen.back().obj, r.objective, 1e-6);
 }
 
-TEST(Callback, ProgressReportsNodesAndABoundBelowTheIncumbent) {
+TEST_P(Callbacks, ProgressReportsNodesAndABoundBelowTheIncumbent) {
   Problem p = readInstance("stein27");
   int calls = 0;
   int lastNodes = -1;
@@ -73,14 +75,14 @@ TEST(Callback, ProgressReportsNodesAndABoundBelowTheIncumbent) {
   };
   Settings s = quietSettings();
   s.maxNodes = 50;
-  makeCbcEngine()->solve(p, s, cb);
+  solve(p, s, cb);
   EXPECT_GT(calls, 10);
 }
 
-TEST(Callback, StopEndsTheSearchWithTheIncumbentKept) {
+TEST_P(Callbacks, StopEndsTheSearchWithTheIncumbentKept) {
   Problem p = readInstance("stein27");
   Callback cb = [](CallbackContext& ctx) { return ctx.where == KLO_CB_MIPSOL ? KLO_CB_STOP : 0; };
-  Result r = makeCbcEngine()->solve(p, quietSettings(), cb);
+  Result r = solve(p, quietSettings(), cb);
   EXPECT_EQ(r.status, KLO_STATUS_INTERRUPTED);
   ASSERT_TRUE(r.hasSolution);
   EXPECT_LE(maxViolation(p, r.x.data(), true), 1e-6);
@@ -88,7 +90,7 @@ TEST(Callback, StopEndsTheSearchWithTheIncumbentKept) {
 
 // The cut b <= 0 added at the first node: later relaxations obey it and
 // the search ends at the best solution without b.
-TEST(Callback, NodeCutsShapeLaterRelaxations) {
+TEST_P(Callbacks, NodeCutsShapeLaterRelaxations) {
   Problem p = knapsack();
   int calls = 0;
   bool violatedAfterCut = false;
@@ -108,7 +110,7 @@ TEST(Callback, NodeCutsShapeLaterRelaxations) {
     }
     return 0;
   };
-  Result r = makeCbcEngine()->solve(p, bare(), cb);
+  Result r = solve(p, bare(), cb);
   EXPECT_GT(calls, 1);
   EXPECT_FALSE(violatedAfterCut);
   ASSERT_TRUE(r.hasSolution);
@@ -118,7 +120,7 @@ TEST(Callback, NodeCutsShapeLaterRelaxations) {
 // Proposals at a node: an infeasible one is rejected, a partial one is
 // completed by the engine, one no better than the incumbent is refused,
 // and an accepted one becomes an incumbent.
-TEST(Callback, ProposedSolutionsAreCheckedCompletedAndUsed) {
+TEST_P(Callbacks, ProposedSolutionsAreCheckedCompletedAndUsed) {
   Problem p = knapsack();
   std::vector<int> codes;
   double acceptedObj = 0;
@@ -140,7 +142,7 @@ TEST(Callback, ProposedSolutionsAreCheckedCompletedAndUsed) {
     codes.push_back(callbackSolution(ctx, worse, nullptr));
     return 0;
   };
-  Result r = makeCbcEngine()->solve(p, bare(), cb);
+  Result r = solve(p, bare(), cb);
   ASSERT_EQ(codes.size(), 3u);
   EXPECT_EQ(codes[0], KLO_CB_REJECTED);
   EXPECT_EQ(codes[1], KLO_OK);
@@ -157,7 +159,7 @@ TEST(Callback, ProposedSolutionsAreCheckedCompletedAndUsed) {
 // value is already integral, which Cbc would never pick itself, the next
 // node has that column's lower bound raised to 1.  A request whose up arm
 // leaves the bounds is ignored.
-TEST(Callback, BranchRequestsChooseTheColumn) {
+TEST_P(Callbacks, BranchRequestsChooseTheColumn) {
   Problem p = readInstance("stein27");
   int column = -1;
   std::vector<int> codes;
@@ -182,7 +184,7 @@ TEST(Callback, BranchRequestsChooseTheColumn) {
   };
   Settings s = bare();
   s.maxNodes = 5;
-  makeCbcEngine()->solve(p, s, cb);
+  solve(p, s, cb);
   ASSERT_GE(column, 0);
   EXPECT_EQ(codes, (std::vector<int>{KLO_CB_IGNORED, KLO_OK}));
   ASSERT_GE(bounds.size(), 2u);
@@ -190,7 +192,7 @@ TEST(Callback, BranchRequestsChooseTheColumn) {
   EXPECT_EQ(bounds[1], std::make_pair(1.0, 1.0));
 }
 
-TEST(Callback, InformationOutsideItsLocationIsRefused) {
+TEST_P(Callbacks, InformationOutsideItsLocationIsRefused) {
   Problem p = knapsack();
   std::vector<int> codes;
   Callback cb = [&](CallbackContext& ctx) {
@@ -209,11 +211,13 @@ TEST(Callback, InformationOutsideItsLocationIsRefused) {
     codes.push_back(callbackBranch(ctx, -1, 0.5, 0));
     return 0;
   };
-  makeCbcEngine()->solve(p, bare(), cb);
+  solve(p, bare(), cb);
   EXPECT_EQ(codes, (std::vector<int>{KLO_ERROR_CALLBACK_WHERE, KLO_ERROR_CALLBACK_WHERE,
                                      KLO_ERROR_CALLBACK_INFO, KLO_ERROR_NULL_ARGUMENT, KLO_OK,
                                      KLO_ERROR_INVALID_VAR, KLO_ERROR_INVALID_VAR}));
 }
+
+KLO_ENGINE_SUITE(Callbacks, takesIntegers);
 
 }  // namespace
 }  // namespace klo::engine::test

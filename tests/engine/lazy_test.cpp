@@ -7,7 +7,7 @@
 #include <numeric>
 
 #include "klo_c.h"
-#include "problem_builder.h"
+#include "engine_suite.h"
 
 namespace klo::engine::test {
 namespace {
@@ -107,14 +107,16 @@ Callback subtourCallback(const Tsp& tsp, int& candidates, int& rowsAdded) {
   };
 }
 
-Result solveTsp(Tsp& tsp, int& candidates, int& rowsAdded) {
-  Problem p = tsp.problem();
-  Settings s = quietSettings();
-  s.lazyConstraints = true;
-  return makeCbcEngine()->solve(p, s, subtourCallback(tsp, candidates, rowsAdded));
-}
+class LazyConstraints : public EngineTest {
+ protected:
+  Result solveTsp(Tsp& tsp, int& candidates, int& rowsAdded) {
+    Settings s = quietSettings();
+    s.lazyConstraints = true;
+    return solve(tsp.problem(), s, subtourCallback(tsp, candidates, rowsAdded));
+  }
+};
 
-TEST(LazyConstraints, SubtourRowsGivenAtIncumbentsGiveTheShortestTour) {
+TEST_P(LazyConstraints, SubtourRowsGivenAtIncumbentsGiveTheShortestTour) {
   Tsp tsp;
   int candidates = 0, rowsAdded = 0;
   Result r = solveTsp(tsp, candidates, rowsAdded);
@@ -126,7 +128,7 @@ TEST(LazyConstraints, SubtourRowsGivenAtIncumbentsGiveTheShortestTour) {
 }
 
 // Scattered cities, where the search must branch with lazy rows about.
-TEST(LazyConstraints, ScatteredCities) {
+TEST_P(LazyConstraints, ScatteredCities) {
   for (unsigned rng : {1u, 2u, 3u}) {
     Tsp tsp(9, rng);
     int candidates = 0, rowsAdded = 0;
@@ -139,7 +141,7 @@ TEST(LazyConstraints, ScatteredCities) {
 
 // Without the setting, a cut at an incumbent is refused: cuts belong to
 // node relaxations.
-TEST(LazyConstraints, RefusedUnlessEnabled) {
+TEST_P(LazyConstraints, RefusedUnlessEnabled) {
   Tsp tsp;
   Problem p = tsp.problem();
   int code = 0;
@@ -151,9 +153,11 @@ TEST(LazyConstraints, RefusedUnlessEnabled) {
     }
     return 0;
   };
-  makeCbcEngine()->solve(p, quietSettings(), cb);
+  solve(p, quietSettings(), cb);
   EXPECT_EQ(code, KLO_ERROR_CALLBACK_WHERE);
 }
+
+KLO_ENGINE_SUITE(LazyConstraints, lazyRows);
 
 }  // namespace
 }  // namespace klo::engine::test

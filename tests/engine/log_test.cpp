@@ -21,7 +21,7 @@ TEST(EngineLog, MipProgressLinesAndSummary) {
   Settings s = quietSettings(&lines);
   s.progressInterval = 0.0;  // a line at every node
   s.maxNodes = 20;
-  makeCbcEngine()->solve(p, s, {});
+  cbcEntry().make()->solve(p, s, {});
   ASSERT_FALSE(lines.empty());
   EXPECT_TRUE(anyStartsWith(lines, "      Nodes      Left       Incumbent"));
   const size_t progress = std::count_if(lines.begin(), lines.end(), [](const std::string& l) {
@@ -35,7 +35,7 @@ TEST(EngineLog, MipProgressLinesAndSummary) {
 TEST(EngineLog, LpSummary) {
   Problem p = readInstance("afiro");
   std::vector<std::string> lines;
-  makeClpEngine()->solve(p, quietSettings(&lines), {});
+  clpEntry().make()->solve(p, quietSettings(&lines), {});
   ASSERT_FALSE(lines.empty());
   EXPECT_EQ(lines.back().rfind("LP optimal, objective -464.753", 0), 0u) << lines.back();
 }
@@ -44,28 +44,32 @@ TEST(EngineLog, HigherLevelsAddEngineMessages) {
   Problem p = readInstance("p0033");
   std::vector<std::string> one, three;
   Settings s = quietSettings(&one);
-  makeCbcEngine()->solve(p, s, {});
+  cbcEntry().make()->solve(p, s, {});
   s = quietSettings(&three);
   s.logLevel = 3;
-  makeCbcEngine()->solve(p, s, {});
+  cbcEntry().make()->solve(p, s, {});
   EXPECT_GT(three.size(), one.size() + 10);
 }
 
-TEST(EngineLog, LevelZeroIsSilentEverywhere) {
-  for (const char* name : {"afiro", "p0033"}) {
-    Problem p = readInstance(name);
-    std::vector<std::string> lines;
-    Settings s = quietSettings(&lines);
-    s.logLevel = 0;
-    testing::internal::CaptureStdout();
-    testing::internal::CaptureStderr();
-    Result r = (p.isMip() ? makeCbcEngine() : makeClpEngine())->solve(p, s, {});
-    const std::string out = testing::internal::GetCapturedStdout();
-    const std::string err = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
-    EXPECT_TRUE(lines.empty()) << name;
-    EXPECT_EQ(out, "") << name;
-    EXPECT_EQ(err, "") << name;
+TEST(EngineLog, LevelZeroIsSilentInEveryEngine) {
+  for (const EngineEntry& e : engines()) {
+    for (const char* name : {"afiro", "p0033"}) {
+      Problem p = readInstance(name);
+      if (!e.caps.takes(featuresOf(p))) continue;
+      SCOPED_TRACE(std::string(e.name) + " on " + name);
+      std::vector<std::string> lines;
+      Settings s = quietSettings(&lines);
+      s.logLevel = 0;
+      testing::internal::CaptureStdout();
+      testing::internal::CaptureStderr();
+      Result r = e.make()->solve(p, s, {});
+      const std::string out = testing::internal::GetCapturedStdout();
+      const std::string err = testing::internal::GetCapturedStderr();
+      EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+      EXPECT_TRUE(lines.empty());
+      EXPECT_EQ(out, "");
+      EXPECT_EQ(err, "");
+    }
   }
 }
 
@@ -73,7 +77,7 @@ TEST(EngineLog, LevelOneKeepsStdoutClean) {
   Problem p = readInstance("p0033");
   std::vector<std::string> lines;
   testing::internal::CaptureStdout();
-  makeCbcEngine()->solve(p, quietSettings(&lines), {});
+  cbcEntry().make()->solve(p, quietSettings(&lines), {});
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_FALSE(lines.empty());
 }

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "klo_c.h"
-#include "problem_builder.h"
+#include "engine_suite.h"
 
 namespace klo::engine::test {
 namespace {
@@ -14,19 +14,20 @@ struct WarmCold {
   Result warm, cold;
 };
 
-// Solves `changed` cold and from base's final basis.
-WarmCold resolve(const Problem& base, Problem changed) {
-  Settings s = quietSettings();
-  Problem first = base;
-  Result r0 = makeClpEngine()->solve(first, s, {});
-  EXPECT_EQ(r0.status, KLO_STATUS_OPTIMAL);
-  WarmCold out;
-  out.cold = makeClpEngine()->solve(changed, s, {});
-  changed.colBasis = r0.colBasis;
-  changed.rowBasis = r0.rowBasis;
-  out.warm = makeClpEngine()->solve(changed, s, {});
-  return out;
-}
+class LpWarmStart : public EngineTest {
+ protected:
+  // Solves `changed` cold and from base's final basis.
+  WarmCold resolve(const Problem& base, Problem changed) {
+    Result r0 = solve(base);
+    EXPECT_EQ(r0.status, KLO_STATUS_OPTIMAL);
+    WarmCold out;
+    out.cold = solve(changed);
+    changed.colBasis = r0.colBasis;
+    changed.rowBasis = r0.rowBasis;
+    out.warm = solve(changed);
+    return out;
+  }
+};
 
 void expectWarmWins(const WarmCold& wc) {
   ASSERT_EQ(wc.cold.status, KLO_STATUS_OPTIMAL);
@@ -37,13 +38,13 @@ void expectWarmWins(const WarmCold& wc) {
 
 Problem base() { return readInstance("25fv47"); }
 
-TEST(LpWarmStart, AfterChangingBounds) {
+TEST_P(LpWarmStart, AfterChangingBounds) {
   Problem p = base(), q = p;
   for (int j = 0; j < q.numCols(); j += 50) q.colUpper[j] = std::min(q.colUpper[j], 1000.0);
   expectWarmWins(resolve(p, q));
 }
 
-TEST(LpWarmStart, AfterChangingTheObjective) {
+TEST_P(LpWarmStart, AfterChangingTheObjective) {
   Problem p = base(), q = p;
   for (int j = 0; j < q.numCols(); j += 7) q.obj[j] *= 1.01;
   expectWarmWins(resolve(p, q));
@@ -52,10 +53,9 @@ TEST(LpWarmStart, AfterChangingTheObjective) {
 // An added row is missing from the old basis: it starts basic.  The row
 // c'x >= z* + 0.1% |z*| cuts the old optimum off (and keeps the problem
 // feasible: the objective can rise), so the new optimum is that bound.
-TEST(LpWarmStart, AfterAddingARow) {
+TEST_P(LpWarmStart, AfterAddingARow) {
   Problem p = base();
-  Problem first = p;
-  Result r0 = makeClpEngine()->solve(first, quietSettings(), {});
+  Result r0 = solve(p);
   ASSERT_EQ(r0.status, KLO_STATUS_OPTIMAL);
   const double target = r0.objective + 1e-3 * std::fabs(r0.objective);
   Problem q = p;  // column-major: the new row's entries go into the columns
@@ -81,6 +81,8 @@ TEST(LpWarmStart, AfterAddingARow) {
   expectWarmWins(wc);
   EXPECT_NEAR(wc.warm.objective, target, 1e-6 * std::fabs(target));
 }
+
+KLO_ENGINE_SUITE(LpWarmStart, givesBasis);
 
 }  // namespace
 }  // namespace klo::engine::test

@@ -1,4 +1,4 @@
-// MIPs with Cbc: small models worked out by hand, SOS sets, limits that
+// MIPs, with every engine that takes integers: small models worked out by hand, SOS sets, limits that
 // stop with a solution, cutoff, MIP start and the solution pool.
 #include <gtest/gtest.h>
 
@@ -6,16 +6,24 @@
 
 #include "engine/problem_eval.h"
 #include "klo_c.h"
-#include "problem_builder.h"
+#include "engine_suite.h"
 
 namespace klo::engine::test {
 namespace {
 
-Result solveMip(Problem& p, const Settings& s = quietSettings()) {
-  return makeCbcEngine()->solve(p, s, {});
+class Mip : public EngineTest {
+ protected:
+  Result solveMip(const Problem& p, const Settings& s = quietSettings()) { return solve(p, s); }
+};
+using MipSos = Mip;
+using MipPool = Mip;
+
+// The LP the sets restrict, solved by the LP engine.
+double relaxationOptimum(const Problem& p) {
+  return clpEntry().make()->solve(p, quietSettings(), {}).objective;
 }
 
-TEST(Mip, KnapsackMaximised) {
+TEST_P(Mip, KnapsackMaximised) {
   Problem p = knapsack();
   Result r = solveMip(p);
   ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
@@ -30,7 +38,7 @@ TEST(Mip, KnapsackMaximised) {
 }
 
 // Binary bounds are clipped to [0, 1] even when given wider.
-TEST(Mip, BinaryBoundsAreClipped) {
+TEST_P(Mip, BinaryBoundsAreClipped) {
   Problem p = knapsack();
   for (double& u : p.colUpper) u = 5;
   Result r = solveMip(p);
@@ -39,7 +47,7 @@ TEST(Mip, BinaryBoundsAreClipped) {
 }
 
 // The objective constant shifts objective and bound alike.
-TEST(Mip, ObjectiveConstantIsIncluded) {
+TEST_P(Mip, ObjectiveConstantIsIncluded) {
   Problem p = knapsack();
   p.objConstant = 100;
   Result r = solveMip(p);
@@ -50,11 +58,11 @@ TEST(Mip, ObjectiveConstantIsIncluded) {
 // max x0 + 2 x1 + 3 x2,  x0 + x1 + x2 <= 2,  0 <= x <= 1 continuous.
 // Without the set: x1 = x2 = 1, objective 5.  SOS1 {x0, x1, x2} allows
 // one non-zero member: x2 = 1, objective 3.
-TEST(Mip, Sos1AllowsOneNonZero) {
+TEST_P(MipSos, Sos1AllowsOneNonZero) {
   ProblemBuilder b(KLO_MAXIMIZE);
   int x0 = b.col(1, 0, 1), x1 = b.col(2, 0, 1), x2 = b.col(3, 0, 1);
   b.row({{x0, 1}, {x1, 1}, {x2, 1}}, -kInf, 2);
-  EXPECT_NEAR(makeClpEngine()->solve(b.problem(), quietSettings(), {}).objective, 5, 1e-9);
+  EXPECT_NEAR(relaxationOptimum(b.problem()), 5, 1e-9);
   b.sos(1, {x0, x1, x2}, {1, 2, 3});
   Result r = solveMip(b.problem());
   ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
@@ -68,12 +76,12 @@ TEST(Mip, Sos1AllowsOneNonZero) {
 // The LP mixes l1 = 0.75, l3 = 0.25 for 3.25; SOS2 allows only neighbours:
 // on [1, 2] y = 3 - 2 l2 with l2 <= 0.5, on [0, 1] y = 3 l1 <= 3, [2, 3]
 // is out of reach -> 3 at l1 = 1.
-TEST(Mip, Sos2AllowsTwoNeighbours) {
+TEST_P(MipSos, Sos2AllowsTwoNeighbours) {
   ProblemBuilder b(KLO_MAXIMIZE);
   int l0 = b.col(0, 0, 1), l1 = b.col(3, 0, 1), l2 = b.col(1, 0, 1), l3 = b.col(4, 0, 1);
   b.row({{l0, 1}, {l1, 1}, {l2, 1}, {l3, 1}}, 1, 1);
   b.row({{l1, 1}, {l2, 2}, {l3, 3}}, -kInf, 1.5);
-  EXPECT_NEAR(makeClpEngine()->solve(b.problem(), quietSettings(), {}).objective, 3.25, 1e-9);
+  EXPECT_NEAR(relaxationOptimum(b.problem()), 3.25, 1e-9);
   b.sos(2, {l0, l1, l2, l3}, {1, 2, 3, 4});
   Result r = solveMip(b.problem());
   ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
@@ -82,7 +90,7 @@ TEST(Mip, Sos2AllowsTwoNeighbours) {
 }
 
 // x + y >= 0.5 and x + y <= 0.7 with x, y integer: no integer point.
-TEST(Mip, InfeasibleAndUnboundedStatuses) {
+TEST_P(Mip, InfeasibleAndUnboundedStatuses) {
   ProblemBuilder inf;
   int x = inf.col(1, 0, 10, 'I'), y = inf.col(1, 0, 10, 'I');
   inf.row({{x, 1}, {y, 1}}, 0.5, 0.7);
@@ -101,19 +109,20 @@ TEST(Mip, InfeasibleAndUnboundedStatuses) {
 
 // stein27 needs hundreds of nodes; each limit stops it early with its own
 // status and a feasible incumbent still readable.
-TEST(Mip, LimitsStopWithTheBestSolutionSoFar) {
+TEST_P(Mip, LimitsStopWithTheBestSolutionSoFar) {
   struct Case {
-    const char* what;
+    const char* parameter;
     void (*set)(Settings&);
     int status;
   };
   const Case cases[] = {
-      {"nodes", [](Settings& s) { s.maxNodes = 10; }, KLO_STATUS_NODE_LIMIT},
-      {"solutions", [](Settings& s) { s.maxSolutions = 1; }, KLO_STATUS_SOLUTION_LIMIT},
-      {"time", [](Settings& s) { s.maxTime = 0.3; }, KLO_STATUS_TIME_LIMIT},
+      {"MIP/MaxNodes", [](Settings& s) { s.maxNodes = 10; }, KLO_STATUS_NODE_LIMIT},
+      {"MIP/MaxSols", [](Settings& s) { s.maxSolutions = 1; }, KLO_STATUS_SOLUTION_LIMIT},
+      {"MaxTime", [](Settings& s) { s.maxTime = 0.3; }, KLO_STATUS_TIME_LIMIT},
   };
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.what);
+    SCOPED_TRACE(c.parameter);
+    if (!honours(c.parameter)) continue;
     Problem p = readInstance("stein27");
     Settings s = quietSettings();
     c.set(s);
@@ -127,7 +136,7 @@ TEST(Mip, LimitsStopWithTheBestSolutionSoFar) {
   }
 }
 
-TEST(Mip, NodeLimitIsRespected) {
+TEST_P(Mip, NodeLimitIsRespected) {
   Problem p = readInstance("stein27");
   Settings s = quietSettings();
   s.maxNodes = 10;
@@ -137,7 +146,7 @@ TEST(Mip, NodeLimitIsRespected) {
 
 // A generous relative gap stops at the root with status optimal: within
 // the tolerance, as the status promises.
-TEST(Mip, GapLimitCountsAsOptimal) {
+TEST_P(Mip, GapLimitCountsAsOptimal) {
   Problem p = readInstance("stein27");
   Settings s = quietSettings();
   s.gapRel = 0.5;
@@ -149,7 +158,7 @@ TEST(Mip, GapLimitCountsAsOptimal) {
 
 // The knapsack's optimum is 24: a cutoff of 30 (maximising: nothing below
 // 30 counts) leaves no solution; a cutoff of 20 keeps the optimum.
-TEST(Mip, CutoffInTheModelsSense) {
+TEST_P(Mip, CutoffInTheModelsSense) {
   Problem p = knapsack();
   Settings s = quietSettings();
   s.cutoff = 30;
@@ -170,7 +179,7 @@ TEST(Mip, CutoffInTheModelsSense) {
 
 // With search and heuristics off and no nodes allowed, only the start can
 // provide a solution.  A partial start (a, b given) is completed.
-TEST(Mip, StartIsUsed) {
+TEST_P(Mip, StartIsUsed) {
   Problem p = knapsack();
   Settings s = quietSettings();
   s.maxNodes = 0;
@@ -185,7 +194,7 @@ TEST(Mip, StartIsUsed) {
 }
 
 // The pool holds distinct feasible solutions, best first, the first being x.
-TEST(Mip, PoolHoldsEarlierIncumbentsBestFirst) {
+TEST_P(MipPool, PoolHoldsEarlierIncumbentsBestFirst) {
   Problem p = readInstance("qnet1");
   Settings s = quietSettings();
   s.solutionPoolSize = 3;
@@ -203,7 +212,7 @@ TEST(Mip, PoolHoldsEarlierIncumbentsBestFirst) {
   }
 }
 
-TEST(Mip, WithoutRows) {
+TEST_P(Mip, WithoutRows) {
   ProblemBuilder b;
   b.col(1, 1, 3, 'I');
   b.col(-1, -kInf, 4.5, 'I');  // integer: 4 at most
@@ -214,7 +223,7 @@ TEST(Mip, WithoutRows) {
 
 // Without preprocessing and with two threads the search still ends at
 // the optimum (index.csv: flugpl 1201500).
-TEST(Mip, PresolveOffAndThreads) {
+TEST_P(Mip, PresolveOffAndThreads) {
   for (int threads : {1, 2}) {
     Problem p = readInstance("flugpl");
     Settings s = quietSettings();
@@ -225,6 +234,12 @@ TEST(Mip, PresolveOffAndThreads) {
     EXPECT_NEAR(r.objective, 1201500, 1e-6 * 1201500 + s.gapRel * 1201500);
   }
 }
+
+bool givesPool(const EngineEntry& e) { return takesIntegers(e) && e.caps.pool; }
+
+KLO_ENGINE_SUITE(Mip, takesIntegers);
+KLO_ENGINE_SUITE(MipSos, takesSos);
+KLO_ENGINE_SUITE(MipPool, givesPool);
 
 }  // namespace
 }  // namespace klo::engine::test

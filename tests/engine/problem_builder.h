@@ -44,9 +44,6 @@ class ProblemBuilder {
   Problem p_;
 };
 
-inline std::unique_ptr<Engine> makeClpEngine() { return clpEntry().make(); }
-inline std::unique_ptr<Engine> makeCbcEngine() { return cbcEntry().make(); }
-
 // Settings that keep the engine quiet, with the log collected in lines.
 inline Settings quietSettings(std::vector<std::string>* lines = nullptr) {
   Settings s;
