@@ -379,6 +379,21 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
  *   "ObjNVal"                   model  get  value of objective "ObjNumber" in the solution
  *   "ObjNWeight"                model  set  weight of objective "ObjNumber"
  *   "ObjNRelTol", "ObjNAbsTol"  model  set  degradation allowed for objective "ObjNumber"
+ *   "MaxBoundViolation"         model  get  largest violation of a variable bound by the
+ *                                           solution, divided by max(1, |that bound|)
+ *   "MaxConstrViolation"        model  get  the same for row bounds (linear, quadratic and PSD
+ *                                           terms of the row counted)
+ *   "MaxPrimalViolation"        model  get  the larger of the two
+ *   "MaxIntViolation"           model  get  largest distance of an integer variable from the
+ *                                           nearest integer
+ *   "MaxSOSViolation"           model  get  largest value of an SOS member outside the members
+ *                                           the set allows to be non-zero
+ *   "MaxDualViolation"          model  get  continuous models: largest dual of the wrong sign
+ *                                           for where its variable or row stands (see
+ *                                           KLOoptimize), relative as described there
+ *   "MaxComplViolation"         model  get  continuous models: largest dual times the distance
+ *                                           to the bound it belongs to, divided by
+ *                                           max(1, |objective|)
  *
  * char
  *   "VType"                     var    set  KLO_CONTINUOUS, KLO_BINARY, KLO_INTEGER, ...
@@ -402,7 +417,7 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
  * Behaviour in detail
  *  - Results ("X", "RC", "DualSoln", "Activity", "ObjVal", "DualObjVal",
  *    "PoolN...", "MIP/Gap...", the times, "SPX/NumIters", "IPM/NumIters",
- *    "PsdX", "ObjNVal") and "IISVar"/"IISConstr" give
+ *    "PsdX", "ObjNVal", "Max...Violation") and "IISVar"/"IISConstr" give
  *    KLO_ERROR_DATA_NOT_AVAILABLE until a solve (or KLOcomputeIIS) provides
  *    them.  "Status" (0 before any solve), "HasSolution", "HasPrimalRay",
  *    "HasDualRay" and "SolCount" can always be read.
@@ -560,8 +575,13 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
 
 /** Solves the model (see "Status" and the result attributes).
  *
- *  Engines.  A model without integer or binary variables and without SOS
- *  sets is a linear program, solved by Clp: dual simplex by default,
+ *  Engines.  Each engine declares what it can take (integer variables, SOS
+ *  sets, quadratic terms, PSD variables, ...) and which parameters it
+ *  honours; the first engine that takes everything the model has solves
+ *  it, in the order Clp, Cbc.  A parameter set away from its default that
+ *  the chosen engine does not honour is named in the log ("Clp does not
+ *  use parameter ...").  A model without integer or binary variables and
+ *  without SOS sets is a linear program, solved by Clp: dual simplex by default,
  *  "Method" 0 primal simplex, 1 dual simplex, 2 barrier followed by a
  *  crossover to a basic solution.  A model with integer or binary
  *  variables or SOS sets (type 1 and 2) is solved by Cbc with its cut
@@ -582,6 +602,25 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *  infinite bound taken as "MIP/LinearizationBigM"; the switches are not
  *  seen in results or callbacks.  KLOcomputeIIS and KLOfeasrelax still
  *  refuse them.
+ *
+ *  Answer check.  No answer is called optimal before it is measured on the
+ *  model itself (its own variables and rows, unscaled, after the engine's
+ *  presolve is undone): "MaxBoundViolation", "MaxConstrViolation",
+ *  "MaxIntViolation", "MaxSOSViolation", and for continuous models
+ *  "MaxDualViolation" and "MaxComplViolation".  The dual figures recompute
+ *  each reduced cost d_j = c_j - sum_i y_i a_ij from the row duals; a
+ *  variable or row at its lower bound needs a dual of the minimisation
+ *  sign >= 0, at its upper bound <= 0, strictly between them 0 (any sign
+ *  when fixed).  A variable's figure is divided by max(1, |c_j|, the
+ *  largest |y_i a_ij|), a row's by max(1, |y_i|).  "Optimal" needs the
+ *  primal and SOS figures within 10 times "SPX/PrimalTolerance", the
+ *  integrality figure within 10 times "MIP/IntegerTolerance" and the dual
+ *  figures within 10 times "SPX/DualTolerance" (the engines apply their
+ *  tolerances to scaled problems).  An LP answer that fails is cleaned up:
+ *  the solve continues from its final basis without presolve, with the
+ *  same simplex method, then with the other one (iterations add up); when
+ *  no answer passes, "Status" is KLO_STATUS_SUBOPTIMAL and the answer with
+ *  the smallest violations is kept.  Each step is written to the log.
  *
  *  Results.  After a solve "Status" holds its outcome; with a limit status
  *  the best solution found so far stays readable ("HasSolution").  LPs

@@ -3,6 +3,11 @@
 // the parameters, and optionally a user callback; it returns a Result.
 // Each adapter also declares what it can solve (engine/capabilities.h); the
 // list of engines below is all the chooser knows of them.
+//
+// This folder holds the seam (problem.h, capabilities.h, settings.h,
+// result.h, this file) and what every adapter may use (problem_eval.h,
+// log.h, lp_duals.h); coin/ what the COIN-OR adapters share; one folder per
+// engine (clp/, cbc/), with the engine's quirks at the top of its main file.
 #ifndef KLO_SOLVER_ENGINE_ENGINE_H
 #define KLO_SOLVER_ENGINE_ENGINE_H
 
