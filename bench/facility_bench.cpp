@@ -32,189 +32,190 @@ const double kM = 2 * std::sqrt(2.0);
 constexpr int kPerCell = 4;  // s, z, r0, r1
 
 struct Size {
-    int n;
-    int side() const { return n + 1; }
-    long cells() const { return static_cast<long>(side()) * side() * n; }  // (i, j, f)
-    // Column of variable k (0 s, 1 z, 2 r0, 3 r1) of cell (i, j, f).
-    int col(int i, int j, int f, int k) const {
-        return static_cast<int>(2 * n + 1 +
-                                ((static_cast<long>(i) * side() + j) * n + f) * kPerCell + k);
-    }
-    int y(int f, int k) const { return 2 * f + k; }
-    int d() const { return 2 * n; }
+  int n;
+  int side() const { return n + 1; }
+  long cells() const { return static_cast<long>(side()) * side() * n; }  // (i, j, f)
+  // Column of variable k (0 s, 1 z, 2 r0, 3 r1) of cell (i, j, f).
+  int col(int i, int j, int f, int k) const {
+    return static_cast<int>(2 * n + 1 + ((static_cast<long>(i) * side() + j) * n + f) * kPerCell +
+                            k);
+  }
+  int y(int f, int k) const { return 2 * f + k; }
+  int d() const { return 2 * n; }
 };
 
 // --- the object layer ------------------------------------------------------
 
 struct CellVars {
-    KLOVar s, z, r0, r1;
+  KLOVar s, z, r0, r1;
 };
 
 void buildWithOperators(KLOModel& model, Size sz) {
-    const int n = sz.n;
-    std::vector<KLOVar> y(static_cast<std::size_t>(2 * n));
-    for (int f = 0; f < n; ++f)
-        for (int k = 0; k < 2; ++k)
-            y[static_cast<std::size_t>(sz.y(f, k))] = model.addVar(0, 1, 0, 'C');
-    const KLOVar d = model.addVar(-1e20, 1e20, 0, 'C');
-    std::vector<CellVars> cell;
-    cell.reserve(static_cast<std::size_t>(sz.cells()));
-    for (long c = 0; c < sz.cells(); ++c)
-        cell.push_back({model.addVar(0, 1e20, 0, 'C'), model.addVar(0, 1, 0, 'B'),
-                        model.addVar(-1e20, 1e20, 0, 'C'), model.addVar(-1e20, 1e20, 0, 'C')});
-    model.setObjective(d, 1);
+  const int n = sz.n;
+  std::vector<KLOVar> y(static_cast<std::size_t>(2 * n));
+  for (int f = 0; f < n; ++f)
+    for (int k = 0; k < 2; ++k)
+      y[static_cast<std::size_t>(sz.y(f, k))] = model.addVar(0, 1, 0, 'C');
+  const KLOVar d = model.addVar(-KLO_INFINITY, KLO_INFINITY, 0, 'C');
+  std::vector<CellVars> cell;
+  cell.reserve(static_cast<std::size_t>(sz.cells()));
+  for (long c = 0; c < sz.cells(); ++c)
+    cell.push_back({model.addVar(0, KLO_INFINITY, 0, 'C'), model.addVar(0, 1, 0, 'B'),
+                    model.addVar(-KLO_INFINITY, KLO_INFINITY, 0, 'C'),
+                    model.addVar(-KLO_INFINITY, KLO_INFINITY, 0, 'C')});
+  model.setObjective(d, 1);
 
-    std::size_t c = 0;
-    for (int i = 0; i <= n; ++i) {
-        for (int j = 0; j <= n; ++j) {
-            KLOLinExpr assigned;
-            for (int f = 0; f < n; ++f) assigned += cell[c + static_cast<std::size_t>(f)].z;
-            model.addConstr(assigned == 1);
-            for (int f = 0; f < n; ++f, ++c) {
-                const CellVars& v = cell[c];
-                model.addConstr(v.s - d + kM * v.z == kM);
-                model.addConstr(v.r0 + y[static_cast<std::size_t>(sz.y(f, 0))] == double(i) / n);
-                model.addConstr(v.r1 + y[static_cast<std::size_t>(sz.y(f, 1))] == double(j) / n);
-            }
-        }
+  std::size_t c = 0;
+  for (int i = 0; i <= n; ++i) {
+    for (int j = 0; j <= n; ++j) {
+      KLOLinExpr assigned;
+      for (int f = 0; f < n; ++f) assigned += cell[c + static_cast<std::size_t>(f)].z;
+      model.addConstr(assigned == 1);
+      for (int f = 0; f < n; ++f, ++c) {
+        const CellVars& v = cell[c];
+        model.addConstr(v.s - d + kM * v.z == kM);
+        model.addConstr(v.r0 + y[static_cast<std::size_t>(sz.y(f, 0))] == double(i) / n);
+        model.addConstr(v.r1 + y[static_cast<std::size_t>(sz.y(f, 1))] == double(j) / n);
+      }
     }
-    for (const CellVars& v : cell) model.addQConstr(v.r0 * v.r0 + v.r1 * v.r1 - v.s * v.s <= 0);
+  }
+  for (const CellVars& v : cell) model.addQConstr(v.r0 * v.r0 + v.r1 * v.r1 - v.s * v.s <= 0);
 }
 
 // --- the C interface -------------------------------------------------------
 
 void check(int status) {
-    if (status != 0) throw KLOException(KLOexplainerror(status), status);
+  if (status != 0) throw KLOException(KLOexplainerror(status), status);
 }
 
 void addVariables(KLOmodel* model, Size sz) {
-    const std::size_t total = static_cast<std::size_t>(2 * sz.n + 1 + sz.cells() * kPerCell);
-    std::vector<double> obj(total, 0.0), lb(total, 0.0), ub(total, 1.0);
-    std::vector<char> type(total, 'C');
-    lb[static_cast<std::size_t>(sz.d())] = -1e20;
-    ub[static_cast<std::size_t>(sz.d())] = 1e20;
-    obj[static_cast<std::size_t>(sz.d())] = 1.0;
-    for (std::size_t k = static_cast<std::size_t>(sz.d()) + 1; k < total; k += kPerCell) {
-        ub[k] = 1e20;                   // s
-        type[k + 1] = 'B';              // z
-        lb[k + 2] = lb[k + 3] = -1e20;  // r0, r1
-        ub[k + 2] = ub[k + 3] = 1e20;
-    }
-    check(KLOaddvars(model, static_cast<int>(total), 0, nullptr, nullptr, nullptr, obj.data(),
-                     lb.data(), ub.data(), type.data(), nullptr));
-    check(KLOsetintattr(model, "ModelSense", 1));
+  const std::size_t total = static_cast<std::size_t>(2 * sz.n + 1 + sz.cells() * kPerCell);
+  std::vector<double> obj(total, 0.0), lb(total, 0.0), ub(total, 1.0);
+  std::vector<char> type(total, 'C');
+  lb[static_cast<std::size_t>(sz.d())] = -KLO_INFINITY;
+  ub[static_cast<std::size_t>(sz.d())] = KLO_INFINITY;
+  obj[static_cast<std::size_t>(sz.d())] = 1.0;
+  for (std::size_t k = static_cast<std::size_t>(sz.d()) + 1; k < total; k += kPerCell) {
+    ub[k] = KLO_INFINITY;                   // s
+    type[k + 1] = 'B';                      // z
+    lb[k + 2] = lb[k + 3] = -KLO_INFINITY;  // r0, r1
+    ub[k + 2] = ub[k + 3] = KLO_INFINITY;
+  }
+  check(KLOaddvars(model, static_cast<int>(total), 0, nullptr, nullptr, nullptr, obj.data(),
+                   lb.data(), ub.data(), type.data(), nullptr));
+  check(KLOsetintattr(model, "ModelSense", 1));
 }
 
 // The linear rows in compressed form.
 struct Rows {
-    std::vector<int> beg, ind;
-    std::vector<double> val, rhs;
-    std::vector<char> sense;
+  std::vector<int> beg, ind;
+  std::vector<double> val, rhs;
+  std::vector<char> sense;
 
-    void start(double right) {
-        beg.push_back(static_cast<int>(ind.size()));
-        sense.push_back('=');
-        rhs.push_back(right);
-    }
-    void term(int col, double coeff) {
-        ind.push_back(col);
-        val.push_back(coeff);
-    }
+  void start(double right) {
+    beg.push_back(static_cast<int>(ind.size()));
+    sense.push_back('=');
+    rhs.push_back(right);
+  }
+  void term(int col, double coeff) {
+    ind.push_back(col);
+    val.push_back(coeff);
+  }
 };
 
 void addLinearRows(KLOmodel* model, Size sz) {
-    const int n = sz.n;
-    Rows rows;
-    const std::size_t count = static_cast<std::size_t>(sz.side() * sz.side() + 3 * sz.cells());
-    rows.beg.reserve(count);
-    rows.ind.reserve(count * 3);
-    rows.val.reserve(count * 3);
-    for (int i = 0; i <= n; ++i) {
-        for (int j = 0; j <= n; ++j) {
-            rows.start(1.0);
-            for (int f = 0; f < n; ++f) rows.term(sz.col(i, j, f, 1), 1.0);
-            for (int f = 0; f < n; ++f) {
-                rows.start(kM);
-                rows.term(sz.col(i, j, f, 0), 1.0);
-                rows.term(sz.d(), -1.0);
-                rows.term(sz.col(i, j, f, 1), kM);
-                rows.start(double(i) / n);
-                rows.term(sz.col(i, j, f, 2), 1.0);
-                rows.term(sz.y(f, 0), 1.0);
-                rows.start(double(j) / n);
-                rows.term(sz.col(i, j, f, 3), 1.0);
-                rows.term(sz.y(f, 1), 1.0);
-            }
-        }
+  const int n = sz.n;
+  Rows rows;
+  const std::size_t count = static_cast<std::size_t>(sz.side() * sz.side() + 3 * sz.cells());
+  rows.beg.reserve(count);
+  rows.ind.reserve(count * 3);
+  rows.val.reserve(count * 3);
+  for (int i = 0; i <= n; ++i) {
+    for (int j = 0; j <= n; ++j) {
+      rows.start(1.0);
+      for (int f = 0; f < n; ++f) rows.term(sz.col(i, j, f, 1), 1.0);
+      for (int f = 0; f < n; ++f) {
+        rows.start(kM);
+        rows.term(sz.col(i, j, f, 0), 1.0);
+        rows.term(sz.d(), -1.0);
+        rows.term(sz.col(i, j, f, 1), kM);
+        rows.start(double(i) / n);
+        rows.term(sz.col(i, j, f, 2), 1.0);
+        rows.term(sz.y(f, 0), 1.0);
+        rows.start(double(j) / n);
+        rows.term(sz.col(i, j, f, 3), 1.0);
+        rows.term(sz.y(f, 1), 1.0);
+      }
     }
-    check(KLOaddconstrs(model, static_cast<int>(rows.beg.size()), static_cast<int>(rows.ind.size()),
-                        rows.beg.data(), rows.ind.data(), rows.val.data(), rows.sense.data(),
-                        rows.rhs.data(), nullptr));
+  }
+  check(KLOaddconstrs(model, static_cast<int>(rows.beg.size()), static_cast<int>(rows.ind.size()),
+                      rows.beg.data(), rows.ind.data(), rows.val.data(), rows.sense.data(),
+                      rows.rhs.data(), nullptr));
 }
 
 void addQuadraticRows(KLOmodel* model, Size sz) {
-    const double qval[3] = {1.0, 1.0, -1.0};
-    for (int i = 0; i <= sz.n; ++i)
-        for (int j = 0; j <= sz.n; ++j)
-            for (int f = 0; f < sz.n; ++f) {
-                const int s = sz.col(i, j, f, 0), r0 = sz.col(i, j, f, 2), r1 = sz.col(i, j, f, 3);
-                const int q[3] = {r0, r1, s};
-                check(KLOaddqconstr(model, 0, nullptr, nullptr, 3, q, q, qval, '<', 0.0, nullptr));
-            }
+  const double qval[3] = {1.0, 1.0, -1.0};
+  for (int i = 0; i <= sz.n; ++i)
+    for (int j = 0; j <= sz.n; ++j)
+      for (int f = 0; f < sz.n; ++f) {
+        const int s = sz.col(i, j, f, 0), r0 = sz.col(i, j, f, 2), r1 = sz.col(i, j, f, 3);
+        const int q[3] = {r0, r1, s};
+        check(KLOaddqconstr(model, 0, nullptr, nullptr, 3, q, q, qval, '<', 0.0, nullptr));
+      }
 }
 
 KLOmodel* buildInBulk(Size sz) {
-    KLOmodel* model = nullptr;
-    KLOenv* env = nullptr;
-    check(KLOemptyenv(&env));
-    check(KLOsetintparam(env, "OutputFlag", 0));
-    check(KLOstartenv(env));
-    const int status =
-        KLOnewmodel(env, &model, "facility", 0, nullptr, nullptr, nullptr, nullptr, nullptr);
-    KLOfreeenv(env);  // the model keeps its own copy
-    check(status);
-    addVariables(model, sz);
-    addLinearRows(model, sz);
-    addQuadraticRows(model, sz);
-    return model;
+  KLOmodel* model = nullptr;
+  KLOenv* env = nullptr;
+  check(KLOemptyenv(&env));
+  check(KLOsetintparam(env, "OutputFlag", 0));
+  check(KLOstartenv(env));
+  const int status =
+      KLOnewmodel(env, &model, "facility", 0, nullptr, nullptr, nullptr, nullptr, nullptr);
+  KLOfreeenv(env);  // the model keeps its own copy
+  check(status);
+  addVariables(model, sz);
+  addLinearRows(model, sz);
+  addQuadraticRows(model, sz);
+  return model;
 }
 
 // --- the benchmarks --------------------------------------------------------
 
 void counters(benchmark::State& state, int vars, int rows, int qrows, int nzs) {
-    state.counters["vars"] = vars;
-    state.counters["rows"] = rows;
-    state.counters["qrows"] = qrows;
-    state.counters["nzs"] = nzs;
+  state.counters["vars"] = vars;
+  state.counters["rows"] = rows;
+  state.counters["qrows"] = qrows;
+  state.counters["nzs"] = nzs;
 }
 
 void BM_FacilityWithOperators(benchmark::State& state) {
-    const Size sz{static_cast<int>(state.range(0))};
-    for (auto _ : state) {
-        auto model = std::make_unique<KLOModel>(quietEnv());
-        buildWithOperators(*model, sz);
-        state.PauseTiming();
-        counters(state, model->get(KLO_IntAttr_NumVars), model->get(KLO_IntAttr_NumConstrs),
-                 model->get(KLO_IntAttr_NumQConstrs), model->get(KLO_IntAttr_NumNZs));
-        model.reset();
-        state.ResumeTiming();
-    }
+  const Size sz{static_cast<int>(state.range(0))};
+  for (auto _ : state) {
+    auto model = std::make_unique<KLOModel>(quietEnv());
+    buildWithOperators(*model, sz);
+    state.PauseTiming();
+    counters(state, model->get(KLO_IntAttr_NumVars), model->get(KLO_IntAttr_NumConstrs),
+             model->get(KLO_IntAttr_NumQConstrs), model->get(KLO_IntAttr_NumNZs));
+    model.reset();
+    state.ResumeTiming();
+  }
 }
 
 void BM_FacilityInBulk(benchmark::State& state) {
-    const Size sz{static_cast<int>(state.range(0))};
-    for (auto _ : state) {
-        KLOmodel* model = buildInBulk(sz);
-        state.PauseTiming();
-        int vars = 0, rows = 0, qrows = 0, nzs = 0;
-        KLOgetintattr(model, "NumVars", &vars);
-        KLOgetintattr(model, "NumConstrs", &rows);
-        KLOgetintattr(model, "NumQConstrs", &qrows);
-        KLOgetintattr(model, "NumNZs", &nzs);
-        counters(state, vars, rows, qrows, nzs);
-        KLOfreemodel(model);
-        state.ResumeTiming();
-    }
+  const Size sz{static_cast<int>(state.range(0))};
+  for (auto _ : state) {
+    KLOmodel* model = buildInBulk(sz);
+    state.PauseTiming();
+    int vars = 0, rows = 0, qrows = 0, nzs = 0;
+    KLOgetintattr(model, "NumVars", &vars);
+    KLOgetintattr(model, "NumConstrs", &rows);
+    KLOgetintattr(model, "NumQConstrs", &qrows);
+    KLOgetintattr(model, "NumNZs", &nzs);
+    counters(state, vars, rows, qrows, nzs);
+    KLOfreemodel(model);
+    state.ResumeTiming();
+  }
 }
 
 }  // namespace

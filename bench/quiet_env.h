@@ -5,11 +5,11 @@
 #include "klo_cpp.h"
 
 inline KLOEnv& quietEnv() {
-    static KLOEnv env = [] {
-        KLOEnv e(true);
-        e.set(KLO_IntParam_OutputFlag, 0);
-        e.start();
-        return e;
-    }();
-    return env;
+  static KLOEnv env = [] {
+    KLOEnv e(true);
+    e.set(KLO_IntParam_OutputFlag, 0);
+    e.start();
+    return e;
+  }();
+  return env;
 }

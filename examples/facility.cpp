@@ -26,70 +26,70 @@ const double kServeCost[kFacilities][kCustomers] = {
 }  // namespace
 
 int main() {
-    try {
-        KLOEnv env(true);
-        env.set(KLO_IntParam_OutputFlag, 0);
-        env.start();
-        KLOModel model(env);
+  try {
+    KLOEnv env(true);
+    env.set(KLO_IntParam_OutputFlag, 0);
+    env.start();
+    KLOModel model(env);
 
-        // open[f] = 1 when facility f is opened; assign[f][c] = 1 when f
-        // serves customer c.  'B' makes a variable binary.
-        KLOVar open[kFacilities];
-        KLOVar assign[kFacilities][kCustomers];
-        for (int f = 0; f < kFacilities; ++f) {
-            open[f] = model.addVar(0, 1, 0, 'B', "open" + std::to_string(f));
-            for (int c = 0; c < kCustomers; ++c)
-                assign[f][c] = model.addVar(0, 1, 0, 'B',
-                                            "assign" + std::to_string(f) + "_" + std::to_string(c));
-        }
-
-        // Each customer is served by exactly one facility.
-        for (int c = 0; c < kCustomers; ++c) {
-            KLOLinExpr servedBy;
-            for (int f = 0; f < kFacilities; ++f) servedBy += assign[f][c];
-            model.addConstr(servedBy == 1, "serve" + std::to_string(c));
-        }
-        // A facility's load stays within its capacity, and is 0 when it is
-        // closed.  The second family (assign <= open) is implied, but it
-        // makes the LP relaxation much tighter, so the search is shorter.
-        for (int f = 0; f < kFacilities; ++f) {
-            KLOLinExpr load;
-            for (int c = 0; c < kCustomers; ++c) {
-                load += kDemand[c] * assign[f][c];
-                model.addConstr(assign[f][c] <= open[f]);
-            }
-            model.addConstr(load <= kCapacity[f] * open[f], "capacity" + std::to_string(f));
-        }
-
-        KLOLinExpr cost;
-        for (int f = 0; f < kFacilities; ++f) {
-            cost += kFixedCost[f] * open[f];
-            for (int c = 0; c < kCustomers; ++c) cost += kServeCost[f][c] * assign[f][c];
-        }
-        model.setObjective(cost, 1);  // 1: minimise
-
-        model.optimize();
-        if (model.get(KLO_IntAttr_Status) != 1) {
-            std::printf("not solved (status %d)\n", model.get(KLO_IntAttr_Status));
-            return 1;
-        }
-
-        // Binary values come back as doubles within the integrality
-        // tolerance of 0 or 1: compare with 0.5.
-        for (int f = 0; f < kFacilities; ++f) {
-            if (open[f].get(KLO_DoubleAttr_X) < 0.5) {
-                std::printf("facility %d closed\n", f);
-                continue;
-            }
-            std::printf("facility %d open, serves:", f);
-            for (int c = 0; c < kCustomers; ++c)
-                if (assign[f][c].get(KLO_DoubleAttr_X) > 0.5) std::printf(" %d", c);
-            std::printf("\n");
-        }
-        std::printf("total cost: %g\n", model.get(KLO_DoubleAttr_ObjVal));
-        return 0;
-    } catch (const KLOException& e) {
-        std::cerr << "error " << e.getErrorCode() << ": " << e.getMessage() << "\n";
-        return 1;
+    // open[f] = 1 when facility f is opened; assign[f][c] = 1 when f
+    // serves customer c.  'B' makes a variable binary.
+    KLOVar open[kFacilities];
+    KLOVar assign[kFacilities][kCustomers];
+    for (int f = 0; f < kFacilities; ++f) {
+      open[f] = model.addVar(0, 1, 0, 'B', "open" + std::to_string(f));
+      for (int c = 0; c < kCustomers; ++c)
+        assign[f][c] =
+            model.addVar(0, 1, 0, 'B', "assign" + std::to_string(f) + "_" + std::to_string(c));
     }
+
+    // Each customer is served by exactly one facility.
+    for (int c = 0; c < kCustomers; ++c) {
+      KLOLinExpr servedBy;
+      for (int f = 0; f < kFacilities; ++f) servedBy += assign[f][c];
+      model.addConstr(servedBy == 1, "serve" + std::to_string(c));
+    }
+    // A facility's load stays within its capacity, and is 0 when it is
+    // closed.  The second family (assign <= open) is implied, but it
+    // makes the LP relaxation much tighter, so the search is shorter.
+    for (int f = 0; f < kFacilities; ++f) {
+      KLOLinExpr load;
+      for (int c = 0; c < kCustomers; ++c) {
+        load += kDemand[c] * assign[f][c];
+        model.addConstr(assign[f][c] <= open[f]);
+      }
+      model.addConstr(load <= kCapacity[f] * open[f], "capacity" + std::to_string(f));
+    }
+
+    KLOLinExpr cost;
+    for (int f = 0; f < kFacilities; ++f) {
+      cost += kFixedCost[f] * open[f];
+      for (int c = 0; c < kCustomers; ++c) cost += kServeCost[f][c] * assign[f][c];
+    }
+    model.setObjective(cost, 1);  // 1: minimise
+
+    model.optimize();
+    if (model.get(KLO_IntAttr_Status) != 1) {
+      std::printf("not solved (status %d)\n", model.get(KLO_IntAttr_Status));
+      return 1;
+    }
+
+    // Binary values come back as doubles within the integrality
+    // tolerance of 0 or 1: compare with 0.5.
+    for (int f = 0; f < kFacilities; ++f) {
+      if (open[f].get(KLO_DoubleAttr_X) < 0.5) {
+        std::printf("facility %d closed\n", f);
+        continue;
+      }
+      std::printf("facility %d open, serves:", f);
+      for (int c = 0; c < kCustomers; ++c)
+        if (assign[f][c].get(KLO_DoubleAttr_X) > 0.5) std::printf(" %d", c);
+      std::printf("\n");
+    }
+    std::printf("total cost: %g\n", model.get(KLO_DoubleAttr_ObjVal));
+    return 0;
+  } catch (const KLOException& e) {
+    std::cerr << "error " << e.getErrorCode() << ": " << e.getMessage() << "\n";
+    return 1;
+  }
 }

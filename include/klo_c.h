@@ -76,65 +76,75 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_OK 0 /**< "Success" */
 
 /* General */
-#define KLO_ERROR_INTERNAL -1             /**< "Internal error in the solver library" */
-#define KLO_ERROR_OUT_OF_MEMORY -2        /**< "Out of memory, or the model could not be copied" */
-#define KLO_ERROR_INVALID_ARGUMENT -3     /**< "Invalid argument" (NaN, negative count, bad type or sense letter, infinite coefficient) */
-#define KLO_ERROR_NULL_ARGUMENT -4        /**< "Null pointer given for a required argument" */
-#define KLO_ERROR_NOT_SUPPORTED -5        /**< "The model uses a feature that no engine of this library supports" */
-#define KLO_ERROR_DATA_NOT_AVAILABLE -6   /**< "No solution information is available" (no solve yet, or the solve found none) */
-#define KLO_ERROR_ENV_NOT_STARTED -7      /**< "The environment has not been started" */
-#define KLO_ERROR_BUSY -8                 /**< "The model is being solved" (a model function called from its own callback) */
+#define KLO_ERROR_INTERNAL -1      /**< "Internal error in the solver library" */
+#define KLO_ERROR_OUT_OF_MEMORY -2 /**< "Out of memory, or the model could not be copied" */
+/** "Invalid argument" (NaN, negative count, bad type or sense letter, infinite coefficient) */
+#define KLO_ERROR_INVALID_ARGUMENT -3
+#define KLO_ERROR_NULL_ARGUMENT -4 /**< "Null pointer given for a required argument" */
+/** "The model uses a feature that no engine of this library supports" */
+#define KLO_ERROR_NOT_SUPPORTED -5
+/** "No solution information is available" (no solve yet, or the solve found none) */
+#define KLO_ERROR_DATA_NOT_AVAILABLE -6
+#define KLO_ERROR_ENV_NOT_STARTED -7 /**< "The environment has not been started" */
+/** "The model is being solved" (a model function called from its own callback) */
+#define KLO_ERROR_BUSY -8
 
 /* Attributes and parameters */
 #define KLO_ERROR_UNKNOWN_ATTRIBUTE -1001 /**< "Unknown attribute name" */
-#define KLO_ERROR_ATTRIBUTE_TYPE -1002    /**< "The attribute is of another type" (int, double, char, string, matrix) */
-#define KLO_ERROR_ATTRIBUTE_LEVEL -1003   /**< "The attribute belongs to the other level" (model versus element) */
+/** "The attribute is of another type" (int, double, char, string, matrix) */
+#define KLO_ERROR_ATTRIBUTE_TYPE -1002
+/** "The attribute belongs to the other level" (model versus element) */
+#define KLO_ERROR_ATTRIBUTE_LEVEL -1003
 #define KLO_ERROR_ATTRIBUTE_READONLY -1004 /**< "The attribute cannot be set" */
-#define KLO_ERROR_UNKNOWN_PARAMETER -1005 /**< "Unknown parameter name" */
-#define KLO_ERROR_PARAMETER_TYPE -1006    /**< "The parameter is of another type" */
-#define KLO_ERROR_PARAMETER_RANGE -1007   /**< "Parameter value out of range" */
+#define KLO_ERROR_UNKNOWN_PARAMETER -1005  /**< "Unknown parameter name" */
+#define KLO_ERROR_PARAMETER_TYPE -1006     /**< "The parameter is of another type" */
+#define KLO_ERROR_PARAMETER_RANGE -1007    /**< "Parameter value out of range" */
 
 /* Element indices */
 #define KLO_ERROR_INDEX_OUT_OF_RANGE -2001 /**< "Index out of range" (any other element kind) */
-#define KLO_ERROR_INVALID_CONSTR -2002    /**< "Invalid constraint index" */
-#define KLO_ERROR_INVALID_VAR -2003       /**< "Invalid variable index" */
-#define KLO_ERROR_INVALID_PSDVAR -2004    /**< "Invalid PSD variable index" */
-#define KLO_ERROR_INVALID_SOS -2005       /**< "Invalid SOS index" */
-#define KLO_ERROR_INVALID_GENCONSTR -2006 /**< "Invalid general constraint index" */
-#define KLO_ERROR_INVALID_OBJECTIVE -2007 /**< "Invalid objective index" */
+#define KLO_ERROR_INVALID_CONSTR -2002     /**< "Invalid constraint index" */
+#define KLO_ERROR_INVALID_VAR -2003        /**< "Invalid variable index" */
+#define KLO_ERROR_INVALID_PSDVAR -2004     /**< "Invalid PSD variable index" */
+#define KLO_ERROR_INVALID_SOS -2005        /**< "Invalid SOS index" */
+#define KLO_ERROR_INVALID_GENCONSTR -2006  /**< "Invalid general constraint index" */
+#define KLO_ERROR_INVALID_OBJECTIVE -2007  /**< "Invalid objective index" */
 
 /* Files */
-#define KLO_ERROR_FILE_OPEN -3001         /**< "Cannot open the file" */
-#define KLO_ERROR_FILE_READ -3002         /**< "Malformed file" (the detail names the file and line) */
-#define KLO_ERROR_FILE_WRITE -3003        /**< "Cannot write the file" */
-#define KLO_ERROR_FILE_FORMAT -3004       /**< "Unknown file format" (by its extension) */
+#define KLO_ERROR_FILE_OPEN -3001 /**< "Cannot open the file" */
+/** "Malformed file" (the detail names the file and line) */
+#define KLO_ERROR_FILE_READ -3002
+#define KLO_ERROR_FILE_WRITE -3003  /**< "Cannot write the file" */
+#define KLO_ERROR_FILE_FORMAT -3004 /**< "Unknown file format" (by its extension) */
 
 /* Callbacks */
-#define KLO_ERROR_CALLBACK_INFO -5001     /**< "Unknown callback information code" */
-#define KLO_ERROR_NOT_IN_CALLBACK -5002   /**< "Called outside a running callback" */
-#define KLO_ERROR_CALLBACK_WHERE -5003    /**< "Not available at this callback location" */
+#define KLO_ERROR_CALLBACK_INFO -5001   /**< "Unknown callback information code" */
+#define KLO_ERROR_NOT_IN_CALLBACK -5002 /**< "Called outside a running callback" */
+#define KLO_ERROR_CALLBACK_WHERE -5003  /**< "Not available at this callback location" */
 
 /* Positive refusals of the callback submission functions */
-#define KLO_CB_REJECTED 1                 /**< "The proposed solution is infeasible and was not used" */
-#define KLO_CB_NOT_IMPROVING 2            /**< "The proposed solution is not better than the incumbent" */
-#define KLO_CB_IGNORED 3                  /**< "The request cannot be used at this point of the search" */
+/** "The proposed solution is infeasible and was not used" */
+#define KLO_CB_REJECTED 1
+/** "The proposed solution is not better than the incumbent" */
+#define KLO_CB_NOT_IMPROVING 2
+/** "The request cannot be used at this point of the search" */
+#define KLO_CB_IGNORED 3
 
 /* ------------------------------------------------------------------------
  * Optimisation status (integer attribute "Status")
  * ------------------------------------------------------------------------ */
 
-#define KLO_STATUS_UNSTARTED 0      /**< no solve since the model last changed */
-#define KLO_STATUS_OPTIMAL 1        /**< optimal (MIP: within "MIP/GapAbs" or "MIP/GapRel") */
-#define KLO_STATUS_INFEASIBLE 2     /**< proven infeasible */
-#define KLO_STATUS_UNBOUNDED 3      /**< proven unbounded */
-#define KLO_STATUS_INF_OR_UNBD 4    /**< infeasible or unbounded, not told apart */
-#define KLO_STATUS_NUMERICAL 5      /**< stopped on numerical trouble */
-#define KLO_STATUS_NODE_LIMIT 6     /**< "MIP/MaxNodes" reached */
-#define KLO_STATUS_TIME_LIMIT 7     /**< "MaxTime" reached */
-#define KLO_STATUS_SOLUTION_LIMIT 8 /**< "MIP/MaxSols" reached */
+#define KLO_STATUS_UNSTARTED 0       /**< no solve since the model last changed */
+#define KLO_STATUS_OPTIMAL 1         /**< optimal (MIP: within "MIP/GapAbs" or "MIP/GapRel") */
+#define KLO_STATUS_INFEASIBLE 2      /**< proven infeasible */
+#define KLO_STATUS_UNBOUNDED 3       /**< proven unbounded */
+#define KLO_STATUS_INF_OR_UNBD 4     /**< infeasible or unbounded, not told apart */
+#define KLO_STATUS_NUMERICAL 5       /**< stopped on numerical trouble */
+#define KLO_STATUS_NODE_LIMIT 6      /**< "MIP/MaxNodes" reached */
+#define KLO_STATUS_TIME_LIMIT 7      /**< "MaxTime" reached */
+#define KLO_STATUS_SOLUTION_LIMIT 8  /**< "MIP/MaxSols" reached */
 #define KLO_STATUS_ITERATION_LIMIT 9 /**< "SPX/MaxIterations" or "IPM/MaxIterations" reached */
-#define KLO_STATUS_INTERRUPTED 10   /**< stopped by a callback */
-#define KLO_STATUS_CUTOFF 11        /**< no solution better than "MIP/Cutoff" */
+#define KLO_STATUS_INTERRUPTED 10    /**< stopped by a callback */
+#define KLO_STATUS_CUTOFF 11         /**< no solution better than "MIP/Cutoff" */
 /** The engine called its answer optimal, but the answer failed the library's
  *  check (see "MaxPrimalViolation" and the other figures) even after a
  *  clean-up; the answer with the smallest violations is kept. */
@@ -201,9 +211,10 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_CB_SIMPLEX 2  /**< during the simplex method */
 #define KLO_CB_MIP 3      /**< progress of the branch and bound search */
 #define KLO_CB_MIPSOL 4   /**< a new incumbent was found */
-#define KLO_CB_MIPNODE 5  /**< a node relaxation was solved: cuts, branches and solutions may be submitted */
-#define KLO_CB_MESSAGE 6  /**< a line was written to the log */
-#define KLO_CB_BARRIER 7  /**< during the interior-point method */
+/** a node relaxation was solved: cuts, branches and solutions may be submitted */
+#define KLO_CB_MIPNODE 5
+#define KLO_CB_MESSAGE 6 /**< a line was written to the log */
+#define KLO_CB_BARRIER 7 /**< during the interior-point method */
 
 /** Return value of a callback that stops the solve. */
 #define KLO_CB_STOP 11
@@ -212,32 +223,36 @@ typedef struct KLOmodel KLOmodel;
  * an int or double; arrays are returned as a pointer into the library
  * (resultP is then the address of a `const double *` or `const int *`),
  * valid until the callback returns, or null when not available. */
-#define KLO_CBINFO_NUMVARS 200     /**< int: number of variables of the model */
-#define KLO_CBINFO_NUMCONSTRS 201  /**< int: number of rows */
-#define KLO_CBINFO_NUMINTVARS 202  /**< int: number of integer and binary variables */
-#define KLO_CBINFO_OBJBEST 300     /**< double: objective of the incumbent (KLO_INFINITY, in the model's sense, when none) */
-#define KLO_CBINFO_OBJBOUND 301    /**< double: best bound */
-#define KLO_CBINFO_RUNTIME 302     /**< double: seconds since KLOoptimize began */
-#define KLO_CBINFO_SOLUTION_IDX 303 /**< double array: the new incumbent (KLO_CB_MIPSOL), one value per variable */
-#define KLO_CBINFO_NODEREL_IDX 304 /**< double array: the node relaxation (KLO_CB_MIPNODE), one value per variable */
-#define KLO_CBINFO_MSG_STRING 305  /**< const char *: the log line, without its newline (KLO_CB_MESSAGE) */
-#define KLO_CBINFO_NODECOUNT 306   /**< int: nodes explored */
-#define KLO_CBINFO_NODELEFT 307    /**< int: open nodes */
-#define KLO_CBINFO_SOLCOUNT 308    /**< int: solutions found */
-#define KLO_CBINFO_ITERCOUNT 309   /**< int: simplex iterations so far */
-#define KLO_CBINFO_CUTCOUNT 310    /**< int: cuts applied so far */
-#define KLO_CBINFO_NODEDEPTH 311   /**< int: depth of the current node */
-#define KLO_CBINFO_NODESTATUS 312  /**< int: status of the node relaxation (KLO_STATUS_...) */
-#define KLO_CBINFO_NODELB 313      /**< double array: lower bounds of the current node */
-#define KLO_CBINFO_NODEUB 314      /**< double array: upper bounds of the current node */
-#define KLO_CBINFO_ISINTEGER 315   /**< int array: 1 for integer columns, 0 for the others */
-#define KLO_CBINFO_SOLUTION 316    /**< double array: as 303, for the handle-based callback */
-#define KLO_CBINFO_NODEREL 317     /**< double array: as 304, for the handle-based callback */
+#define KLO_CBINFO_NUMVARS 200    /**< int: number of variables of the model */
+#define KLO_CBINFO_NUMCONSTRS 201 /**< int: number of rows */
+#define KLO_CBINFO_NUMINTVARS 202 /**< int: number of integer and binary variables */
+/** double: objective of the incumbent (KLO_INFINITY, in the model's sense, when none) */
+#define KLO_CBINFO_OBJBEST 300
+#define KLO_CBINFO_OBJBOUND 301 /**< double: best bound */
+#define KLO_CBINFO_RUNTIME 302  /**< double: seconds since KLOoptimize began */
+/** double array: the new incumbent (KLO_CB_MIPSOL), one value per variable */
+#define KLO_CBINFO_SOLUTION_IDX 303
+/** double array: the node relaxation (KLO_CB_MIPNODE), one value per variable */
+#define KLO_CBINFO_NODEREL_IDX 304
+/** const char *: the log line, without its newline (KLO_CB_MESSAGE) */
+#define KLO_CBINFO_MSG_STRING 305
+#define KLO_CBINFO_NODECOUNT 306  /**< int: nodes explored */
+#define KLO_CBINFO_NODELEFT 307   /**< int: open nodes */
+#define KLO_CBINFO_SOLCOUNT 308   /**< int: solutions found */
+#define KLO_CBINFO_ITERCOUNT 309  /**< int: simplex iterations so far */
+#define KLO_CBINFO_CUTCOUNT 310   /**< int: cuts applied so far */
+#define KLO_CBINFO_NODEDEPTH 311  /**< int: depth of the current node */
+#define KLO_CBINFO_NODESTATUS 312 /**< int: status of the node relaxation (KLO_STATUS_...) */
+#define KLO_CBINFO_NODELB 313     /**< double array: lower bounds of the current node */
+#define KLO_CBINFO_NODEUB 314     /**< double array: upper bounds of the current node */
+#define KLO_CBINFO_ISINTEGER 315  /**< int array: 1 for integer columns, 0 for the others */
+#define KLO_CBINFO_SOLUTION 316   /**< double array: as 303, for the handle-based callback */
+#define KLO_CBINFO_NODEREL 317    /**< double array: as 304, for the handle-based callback */
 /* The index variant (codes 303, 304 and the *p functions) addresses the
  * same columns as the model. */
 
 /** The callback function registered with KLOsetcallbackfunc. */
-typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const void *usrdata);
+typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const void* usrdata);
 
 /* ------------------------------------------------------------------------
  * Parameters (environment settings), by name.  Type, default, range.
@@ -257,9 +272,9 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
  *   "SPX/ColumnGeneration" 0    [0, 1]   simplex column generation
  *   "SPX/CrashStart"       0    [0, 1]   crash starting basis
  *   "SPX/MaxIterations"    2147483647 [0, 2147483647] simplex iteration limit
- *   "SPX/PrimalPricing"   -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3 devex
- *   "SPX/DualPricing"     -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3 devex
- *   "IPM/MaxIterations"   500   [0, 2147483647] interior-point iteration limit
+ *   "SPX/PrimalPricing"   -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3
+ * devex "SPX/DualPricing"     -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3
+ * devex "IPM/MaxIterations"   500   [0, 2147483647] interior-point iteration limit
  *   "IPM/NumericFocus"     0    [0, 1]   care taken with numerics in the interior-point method
  *   "MIP/LevelCuts"       -1    [-1, 3]  cut generation: -1 automatic, 0 off .. 3 aggressive
  *   "MIP/LevelHeurs"      -1    [-1, 3]  primal heuristics: -1 automatic, 0 off .. 3 aggressive
@@ -275,9 +290,9 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
  *   "MIP/Disconnected"    -1    [-1, 1]  solve disconnected components apart
  *   "MIP/DetectDisconnectedComponents" -1 [-1, 1] detect disconnected components
  *   "MIP/SolutionPoolSize" 10   [1, 1000] solutions kept in the pool
- *   "MIP/MaxStallingNodes" -1   [-1, 2147483647] stop after this many nodes without improvement (-1: no limit)
- *   "MIP/SolutionNumber"   0    [0, 2147483647] pool solution read by "Xn"/"PoolNX" and "PoolNObjVal"
- *   "MIP/Static"           0    [0, 1]   static search (no dynamic changes)
+ *   "MIP/MaxStallingNodes" -1   [-1, 2147483647] stop after this many nodes without improvement
+ * (-1: no limit) "MIP/SolutionNumber"   0    [0, 2147483647] pool solution read by "Xn"/"PoolNX"
+ * and "PoolNObjVal" "MIP/Static"           0    [0, 1]   static search (no dynamic changes)
  *   "PDHG/ComputePreference" -1 [-1, 1]  first-order method preference
  *   "PDHG/Device"         -1    [-1, 1]  device of the first-order method
  *   "PDHG/MaxIterations"  2147483647 [0, 2147483647] first-order iteration limit
@@ -458,72 +473,72 @@ typedef int (*KLOcallbackfn)(const void *model, void *cbdata, int where, const v
 /** Creates an environment that is not started yet, so that parameters can
  *  be set before KLOstartenv.  *envP receives it (also on some failures, in
  *  which case it must still be freed with KLOfreeenv). */
-int KLOemptyenv(KLOenv **envP);
+int KLOemptyenv(KLOenv** envP);
 
 /** Creates and starts an environment.  logfilename: file the log is
  *  appended to ("LogFile"), or null for none. */
-int KLOloadenv(KLOenv **envP, const char *logfilename);
+int KLOloadenv(KLOenv** envP, const char* logfilename);
 
 /** Starts an environment made by KLOemptyenv. */
-int KLOstartenv(KLOenv *env);
+int KLOstartenv(KLOenv* env);
 
 /** Frees an environment.  Models made from it keep their own copies and
  *  stay usable.  The environment of a model (KLOgetenv, KLOgetmultiobjenv)
  *  is freed with its model: freeing it here gives KLO_ERROR_INVALID_ARGUMENT. */
-int KLOfreeenv(KLOenv *env);
+int KLOfreeenv(KLOenv* env);
 
 /** Writes a line of text to the environment's log. */
-int KLOmsg(KLOenv *env, const char *message);
+int KLOmsg(KLOenv* env, const char* message);
 
 /** Text of the last error of the environment, with its detail ("" when
  *  none).  Never null; valid until the next call on the environment. */
-const char *KLOgeterrormsg(KLOenv *env);
+const char* KLOgeterrormsg(KLOenv* env);
 
 /** Plain text of a status code (see the list above); a generic text naming
  *  the number for unknown codes.  Never null; the text is static. */
-const char *KLOexplainerror(int code);
+const char* KLOexplainerror(int code);
 
 /** Returns the plain text of an optimisation status (the "Status"
  *  attribute): "optimal", "infeasible", "time limit reached", ...; "unknown
  *  status" for a number that is none of KLO_STATUS_...  The text belongs to
  *  the library and stays valid. */
-const char *KLOexplainstatus(int status);
+const char* KLOexplainstatus(int status);
 
 /* ========================================================================
  * Parameters (see the list above)
  * ======================================================================== */
 
 /** Reads an int parameter into *valueP. */
-int KLOgetintparam(KLOenv *env, const char *paramname, int *valueP);
+int KLOgetintparam(KLOenv* env, const char* paramname, int* valueP);
 /** Reads a double parameter into *valueP. */
-int KLOgetdblparam(KLOenv *env, const char *paramname, double *valueP);
+int KLOgetdblparam(KLOenv* env, const char* paramname, double* valueP);
 /** Copies a string parameter into value, a buffer of at least 512 bytes. */
-int KLOgetstrparam(KLOenv *env, const char *paramname, char *value);
+int KLOgetstrparam(KLOenv* env, const char* paramname, char* value);
 
 /** Sets an int parameter; values outside the range give KLO_ERROR_PARAMETER_RANGE. */
-int KLOsetintparam(KLOenv *env, const char *paramname, int value);
+int KLOsetintparam(KLOenv* env, const char* paramname, int value);
 /** Sets a double parameter; NaN or values outside the range are refused. */
-int KLOsetdblparam(KLOenv *env, const char *paramname, double value);
+int KLOsetdblparam(KLOenv* env, const char* paramname, double value);
 /** Sets a string parameter (at most 511 characters). */
-int KLOsetstrparam(KLOenv *env, const char *paramname, const char *value);
+int KLOsetstrparam(KLOenv* env, const char* paramname, const char* value);
 
 /** Current value, minimum, maximum and default of an int parameter; any
  *  of the four pointers may be null. */
-int KLOgetintparaminfo(KLOenv *env, const char *paramname, int *valueP, int *minP, int *maxP,
-                       int *defP);
+int KLOgetintparaminfo(KLOenv* env, const char* paramname, int* valueP, int* minP, int* maxP,
+                       int* defP);
 /** The same for a double parameter. */
-int KLOgetdblparaminfo(KLOenv *env, const char *paramname, double *valueP, double *minP,
-                       double *maxP, double *defP);
+int KLOgetdblparaminfo(KLOenv* env, const char* paramname, double* valueP, double* minP,
+                       double* maxP, double* defP);
 /** Current value and default of a string parameter, each into a buffer of
  *  at least 512 bytes (either may be null). */
-int KLOgetstrparaminfo(KLOenv *env, const char *paramname, char *valueP, char *defP);
+int KLOgetstrparaminfo(KLOenv* env, const char* paramname, char* valueP, char* defP);
 
 /** Sets every parameter back to its default. */
-int KLOresetparams(KLOenv *env);
+int KLOresetparams(KLOenv* env);
 /** Reads a parameter file: one "name value" pair a line, '#' starts a comment. */
-int KLOreadparams(KLOenv *env, const char *filename);
+int KLOreadparams(KLOenv* env, const char* filename);
 /** Writes the parameters that differ from their defaults to a parameter file. */
-int KLOwriteparams(KLOenv *env, const char *filename);
+int KLOwriteparams(KLOenv* env, const char* filename);
 
 /* ========================================================================
  * Models
@@ -533,9 +548,8 @@ int KLOwriteparams(KLOenv *env, const char *filename);
  *  vtype and varnames may be null (empty name, objective 0, bounds
  *  [0, KLO_INFINITY], type 'C', empty names).  The model gets its own copy
  *  of env, so its parameters can differ from env's. */
-int KLOnewmodel(KLOenv *env, KLOmodel **modelP, const char *Pname, int numvars,
-                const double *obj, const double *lb, const double *ub, const char *vtype,
-                const char *const *varnames);
+int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, const double* obj,
+                const double* lb, const double* ub, const char* vtype, const char* const* varnames);
 
 /** Reads a model file (".mps", ".lp", optionally ".gz" compressed) into a
  *  new model.  MPS files may be fixed or free format, with OBJSENSE,
@@ -544,18 +558,18 @@ int KLOnewmodel(KLOenv *env, KLOmodel **modelP, const char *Pname, int numvars,
  *  gives KLO_ERROR_FILE_READ with "file:line: reason" as the message; an
  *  MPS file that repeats a row name, or whose column entries are not all
  *  together, is malformed ("file: row "name" occurs twice"). */
-int KLOreadmodel(KLOenv *env, const char *filename, KLOmodel **modelP);
+int KLOreadmodel(KLOenv* env, const char* filename, KLOmodel** modelP);
 
 /** Deep, independent copy of a model and its environment; null on failure. */
-KLOmodel *KLOcopymodel(KLOmodel *model);
+KLOmodel* KLOcopymodel(KLOmodel* model);
 
 /** Frees a model. */
-int KLOfreemodel(KLOmodel *model);
+int KLOfreemodel(KLOmodel* model);
 
 /** Reads a file into an existing model, by its extension: ".prm"
  *  parameters, ".mst" start values, ".bas" basis, ".mps"/".lp" (optionally
  *  ".gz") replaces the model's contents. */
-int KLOread(KLOmodel *model, const char *filename);
+int KLOread(KLOmodel* model, const char* filename);
 
 /** Writes a file, by its extension: ".mps", ".lp" (optionally ".gz") the
  *  model, ".prm" parameters, ".mst" start values, ".sol" the solution,
@@ -567,11 +581,11 @@ int KLOread(KLOmodel *model, const char *filename);
  *  or several objectives, LP files no PSD variables or several objectives:
  *  such models give KLO_ERROR_NOT_SUPPORTED.  ".sol" and ".bas" need a
  *  solution or a basis (KLO_ERROR_DATA_NOT_AVAILABLE otherwise). */
-int KLOwrite(KLOmodel *model, const char *filename);
+int KLOwrite(KLOmodel* model, const char* filename);
 
 /** Makes a relaxed copy in *relaxedP: integer and binary variables become
  *  continuous, SOS and indicator constraints are dropped. */
-int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
+int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
 
 /** Solves the model (see "Status" and the result attributes).
  *
@@ -696,7 +710,7 @@ int KLOrelaxmodel(KLOmodel *model, KLOmodel **relaxedP);
  *  During the solve the model is busy: changing, freeing or solving it
  *  from its callback gives KLO_ERROR_BUSY.  A failed KLOoptimize leaves
  *  the model, and the results of an earlier solve, as they were. */
-int KLOoptimize(KLOmodel *model);
+int KLOoptimize(KLOmodel* model);
 
 /** Computes an irreducible infeasible subsystem of an infeasible model
  *  (see "IISVar" and "IISConstr"): bounds of rows and variables that cannot
@@ -709,7 +723,7 @@ int KLOoptimize(KLOmodel *model);
  *  that cannot be proven infeasible, gives KLO_ERROR_INVALID_ARGUMENT;
  *  features without an engine KLO_ERROR_NOT_SUPPORTED.  The model and
  *  its solution are not changed; no callback is called. */
-int KLOcomputeIIS(KLOmodel *model);
+int KLOcomputeIIS(KLOmodel* model);
 
 /** Feasibility relaxation.  Finds the smallest violation of bounds and rows,
  *  weighted by the penalties (null arrays or penalties of KLO_INFINITY mean
@@ -728,27 +742,27 @@ int KLOcomputeIIS(KLOmodel *model);
  *  other relaxobjtype values give KLO_ERROR_INVALID_ARGUMENT.  The
  *  relaxation keeps integrality and SOS sets; only objective 0 is used
  *  with minrelax; no callback is called; no basis is kept from it. */
-int KLOfeasrelax(KLOmodel *model, int relaxobjtype, int minrelax, const double *lbpen,
-                 const double *ubpen, const double *rhspen, double *feasobjP);
+int KLOfeasrelax(KLOmodel* model, int relaxobjtype, int minrelax, const double* lbpen,
+                 const double* ubpen, const double* rhspen, double* feasobjP);
 
 /** Discards results: clearall 0 the solution, basis and statistics;
  *  1 also the start values and bases set by the user. */
-int KLOreset(KLOmodel *model, int clearall);
+int KLOreset(KLOmodel* model, int clearall);
 
 /** The model's own environment (null for a null model). */
-KLOenv *KLOgetenv(KLOmodel *model);
+KLOenv* KLOgetenv(KLOmodel* model);
 
 /** The environment of objective num of a multi-objective model, a copy of
  *  the model's made on first use and freed with the model (null, with the
  *  error recorded in the model's environment, when num is not an
  *  objective). */
-KLOenv *KLOgetmultiobjenv(KLOmodel *model, int num);
+KLOenv* KLOgetmultiobjenv(KLOmodel* model, int num);
 
 /** Frees the environments made by KLOgetmultiobjenv. */
-int KLOdiscardmultiobjenvs(KLOmodel *model);
+int KLOdiscardmultiobjenvs(KLOmodel* model);
 
 /** Registers the callback function and its user data (cb null: none). */
-int KLOsetcallbackfunc(KLOmodel *model, KLOcallbackfn cb, void *usrdata);
+int KLOsetcallbackfunc(KLOmodel* model, KLOcallbackfn cb, void* usrdata);
 
 /* ========================================================================
  * Variables
@@ -756,30 +770,30 @@ int KLOsetcallbackfunc(KLOmodel *model, KLOcallbackfn cb, void *usrdata);
 
 /** Adds one variable with numnz entries (rows vind, values vval) in its
  *  column.  varname may be null (empty name). */
-int KLOaddvar(KLOmodel *model, int numnz, const int *vind, const double *vval, double obj,
-              double lb, double ub, char vtype, const char *varname);
+int KLOaddvar(KLOmodel* model, int numnz, const int* vind, const double* vval, double obj,
+              double lb, double ub, char vtype, const char* varname);
 
 /** Adds numvars variables.  Column k holds the entries vbeg[k] ..
  *  vbeg[k+1]-1 of vind/vval (vbeg, vind, vval null when numnz is 0).  obj,
  *  lb, ub, vtype and varnames may each be null (defaults as KLOnewmodel). */
-int KLOaddvars(KLOmodel *model, int numvars, int numnz, const int *vbeg, const int *vind,
-               const double *vval, const double *obj, const double *lb, const double *ub,
-               const char *vtype, const char *const *varnames);
+int KLOaddvars(KLOmodel* model, int numvars, int numnz, const int* vbeg, const int* vind,
+               const double* vval, const double* obj, const double* lb, const double* ub,
+               const char* vtype, const char* const* varnames);
 
 /** Deletes numdel variables (their terms go everywhere: rows, quadratic
  *  terms, SOS, indicators, objectives; an indicator constraint whose binary
  *  variable goes is deleted with it).  Repeated indices are allowed. */
-int KLOdelvars(KLOmodel *model, int numdel, const int *ind);
+int KLOdelvars(KLOmodel* model, int numdel, const int* ind);
 
 /** Column entries of variables start .. start+len-1.  *numnzP receives the
  *  number of entries; with non-null arrays vbeg receives len offsets and
  *  vind/vval the rows and values (arrays may be null to ask the count). */
-int KLOgetvars(KLOmodel *model, int *numnzP, int *vbeg, int *vind, double *vval, int start,
+int KLOgetvars(KLOmodel* model, int* numnzP, int* vbeg, int* vind, double* vval, int start,
                int len);
 
 /** Index of the variable named name into *indexP, or -1 when there is none
  *  (not an error). */
-int KLOgetvarbyname(KLOmodel *model, const char *name, int *indexP);
+int KLOgetvarbyname(KLOmodel* model, const char* name, int* indexP);
 
 /* ========================================================================
  * Rows (linear constraints)
@@ -788,35 +802,35 @@ int KLOgetvarbyname(KLOmodel *model, const char *name, int *indexP);
 /** Adds numconstrs rows sense[k] rhs[k] over the entries cbeg[k] ..
  *  cbeg[k+1]-1 of cind/cval.  sense, rhs and constrnames may be null
  *  (senses '<', right-hand sides 0, empty names). */
-int KLOaddconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg, const int *cind,
-                  const double *cval, const char *sense, const double *rhs,
-                  const char *const *constrnames);
+int KLOaddconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg, const int* cind,
+                  const double* cval, const char* sense, const double* rhs,
+                  const char* const* constrnames);
 
 /** Adds the row lower <= sum cval[k] x[cind[k]] <= upper. */
-int KLOaddrangeconstr(KLOmodel *model, int numnz, const int *cind, const double *cval,
-                      double lower, double upper, const char *constrname);
+int KLOaddrangeconstr(KLOmodel* model, int numnz, const int* cind, const double* cval, double lower,
+                      double upper, const char* constrname);
 
 /** Adds numconstrs rows lower[k] <= row k <= upper[k] (layout as
  *  KLOaddconstrs).  A null lower (upper) array leaves that side unbounded. */
-int KLOaddrangeconstrs(KLOmodel *model, int numconstrs, int numnz, const int *cbeg,
-                       const int *cind, const double *cval, const double *lower,
-                       const double *upper, const char *const *constrnames);
+int KLOaddrangeconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg, const int* cind,
+                       const double* cval, const double* lower, const double* upper,
+                       const char* const* constrnames);
 
 /** Deletes numdel rows (of any kind: linear, quadratic, PSD). */
-int KLOdelconstrs(KLOmodel *model, int numdel, const int *ind);
+int KLOdelconstrs(KLOmodel* model, int numdel, const int* ind);
 
 /** Linear entries of rows start .. start+len-1 (layout as KLOgetvars). */
-int KLOgetconstrs(KLOmodel *model, int *numnzP, int *cbeg, int *cind, double *cval, int start,
+int KLOgetconstrs(KLOmodel* model, int* numnzP, int* cbeg, int* cind, double* cval, int start,
                   int len);
 
 /** Index of the row named name, or -1 when there is none (not an error). */
-int KLOgetconstrbyname(KLOmodel *model, const char *name, int *indexP);
+int KLOgetconstrbyname(KLOmodel* model, const char* name, int* indexP);
 
 /** Sets the coefficient of variable var in row constr (0 removes it). */
-int KLOsetconstrcoeff(KLOmodel *model, int constr, int var, double value);
+int KLOsetconstrcoeff(KLOmodel* model, int constr, int var, double value);
 
 /** Reads the coefficient of variable var in row constr (0 when absent). */
-int KLOgetconstrcoeff(KLOmodel *model, int constr, int var, double *valueP);
+int KLOgetconstrcoeff(KLOmodel* model, int constr, int var, double* valueP);
 
 /* ========================================================================
  * Quadratic rows and the quadratic objective.  Quadratic terms are
@@ -824,45 +838,44 @@ int KLOgetconstrcoeff(KLOmodel *model, int constr, int var, double *valueP);
  * ======================================================================== */
 
 /** Adds a row  sum lval x[lind] + sum qval x[qrow] x[qcol]  sense  rhs. */
-int KLOaddqconstr(KLOmodel *model, int numlnz, const int *lind, const double *lval, int numqnz,
-                  const int *qrow, const int *qcol, const double *qval, char sense, double rhs,
-                  const char *constrname);
+int KLOaddqconstr(KLOmodel* model, int numlnz, const int* lind, const double* lval, int numqnz,
+                  const int* qrow, const int* qcol, const double* qval, char sense, double rhs,
+                  const char* constrname);
 
 /** Linear and quadratic entries of row constr.  Counts go to *numlnzP and
  *  *numqnzP; arrays may be null to ask the counts. */
-int KLOgetqconstr(KLOmodel *model, int constr, int *numlnzP, int *lind, double *lval,
-                  int *numqnzP, int *qrow, int *qcol, double *qval);
+int KLOgetqconstr(KLOmodel* model, int constr, int* numlnzP, int* lind, double* lval, int* numqnzP,
+                  int* qrow, int* qcol, double* qval);
 
 /** Adds terms to the quadratic objective (the objective is c'x + sum of
  *  q x[row] x[col], no factor 1/2). */
-int KLOaddqpterms(KLOmodel *model, int numqnz, const int *qrow, const int *qcol,
-                  const double *qval);
+int KLOaddqpterms(KLOmodel* model, int numqnz, const int* qrow, const int* qcol,
+                  const double* qval);
 
 /** The quadratic objective terms (arrays may be null to ask the count). */
-int KLOgetq(KLOmodel *model, int *numqnzP, int *qrow, int *qcol, double *qval);
+int KLOgetq(KLOmodel* model, int* numqnzP, int* qrow, int* qcol, double* qval);
 
 /** Removes every quadratic objective term. */
-int KLOdelq(KLOmodel *model);
+int KLOdelq(KLOmodel* model);
 
 /* ========================================================================
  * Positive-semidefinite variables and rows
  * ======================================================================== */
 
 /** Adds a dim x dim symmetric positive-semidefinite matrix variable. */
-int KLOaddpsdvar(KLOmodel *model, int dim, const char *name);
+int KLOaddpsdvar(KLOmodel* model, int dim, const char* name);
 
 /** Deletes numdel PSD variables (their terms go from every row and the
  *  objective). */
-int KLOdelpsdvars(KLOmodel *model, int numdel, const int *ind);
+int KLOdelpsdvars(KLOmodel* model, int numdel, const int* ind);
 
 /** Adds the row  lower <= sum cval x[cind] + sum_k <M_k, X[psdvar[k]]> <= upper.
  *  Matrix k (dimension of its PSD variable) holds the entries mbeg[k] ..
  *  mbeg[k+1]-1 of mind (flattened positions) and mval.  mbeg has numpsd + 1
  *  entries: mbeg[numpsd] is the total number of matrix entries. */
-int KLOaddrangepsdconstr(KLOmodel *model, int numnz, const int *cind, const double *cval,
-                         int numpsd, const int *psdvar, const int *mbeg, const int *mind,
-                         const double *mval, double lower, double upper,
-                         const char *constrname);
+int KLOaddrangepsdconstr(KLOmodel* model, int numnz, const int* cind, const double* cval,
+                         int numpsd, const int* psdvar, const int* mbeg, const int* mind,
+                         const double* mval, double lower, double upper, const char* constrname);
 
 /* ========================================================================
  * SOS and general constraints
@@ -871,30 +884,29 @@ int KLOaddrangepsdconstr(KLOmodel *model, int numnz, const int *cind, const doub
 /** Adds numsos SOS sets of types[k] (KLO_SOS_TYPE1 or 2) with members
  *  ind[beg[k]] .. and their weights (which order the members).  Members and
  *  weights of one set must be distinct; null weights give 1, 2, ... */
-int KLOaddsos(KLOmodel *model, int numsos, int nummembers, const int *types, const int *beg,
-              const int *ind, const double *weight);
+int KLOaddsos(KLOmodel* model, int numsos, int nummembers, const int* types, const int* beg,
+              const int* ind, const double* weight);
 
 /** Deletes numdel SOS sets. */
-int KLOdelsos(KLOmodel *model, int numdel, const int *ind);
+int KLOdelsos(KLOmodel* model, int numdel, const int* ind);
 
 /** SOS sets start .. start+len-1: types, begin offsets, members, weights
  *  (arrays may be null to ask the member count). */
-int KLOgetsos(KLOmodel *model, int *nummembersP, int *types, int *beg, int *ind, double *weight,
+int KLOgetsos(KLOmodel* model, int* nummembersP, int* types, int* beg, int* ind, double* weight,
               int start, int len);
 
 /** Adds the indicator constraint  x[binvar] = binval  implies
  *  sum val x[ind]  sense  rhs.  binval is 0 or 1; binvar must be binary
  *  (KLO_ERROR_INVALID_ARGUMENT otherwise). */
-int KLOaddgenconstrIndicator(KLOmodel *model, const char *name, int binvar, int binval,
-                             int nvars, const int *ind, const double *val, char sense,
-                             double rhs);
+int KLOaddgenconstrIndicator(KLOmodel* model, const char* name, int binvar, int binval, int nvars,
+                             const int* ind, const double* val, char sense, double rhs);
 
 /** Reads indicator constraint genconstr (arrays may be null to ask *nvarsP). */
-int KLOgetgenconstrIndicator(KLOmodel *model, int genconstr, int *binvarP, int *binvalP,
-                             int *nvarsP, int *ind, double *val, char *senseP, double *rhsP);
+int KLOgetgenconstrIndicator(KLOmodel* model, int genconstr, int* binvarP, int* binvalP,
+                             int* nvarsP, int* ind, double* val, char* senseP, double* rhsP);
 
 /** Deletes numdel general constraints. */
-int KLOdelgenconstrs(KLOmodel *model, int numdel, const int *ind);
+int KLOdelgenconstrs(KLOmodel* model, int numdel, const int* ind);
 
 /* ========================================================================
  * Multiple objectives
@@ -904,9 +916,9 @@ int KLOdelgenconstrs(KLOmodel *model, int numdel, const int *ind);
  *  a multi-objective model: constant + sum lval x[lind], with its priority,
  *  weight, tolerances and name.  Objectives are optimised in falling
  *  priority; equal priorities are blended by weight. */
-int KLOsetobjectiven(KLOmodel *model, int index, int priority, double weight, double abstol,
-                     double reltol, const char *name, double constant, int lnz,
-                     const int *lind, const double *lval);
+int KLOsetobjectiven(KLOmodel* model, int index, int priority, double weight, double abstol,
+                     double reltol, const char* name, double constant, int lnz, const int* lind,
+                     const double* lval);
 
 /* ========================================================================
  * Attributes (see the list above)
@@ -917,72 +929,68 @@ int KLOsetobjectiven(KLOmodel *model, int index, int priority, double weight, do
  * read-only one given to a set function KLO_ERROR_ATTRIBUTE_READONLY. */
 
 /** Reads a whole-model int attribute into *valueP. */
-int KLOgetintattr(KLOmodel *model, const char *attrname, int *valueP);
+int KLOgetintattr(KLOmodel* model, const char* attrname, int* valueP);
 /** Sets a whole-model int attribute. */
-int KLOsetintattr(KLOmodel *model, const char *attrname, int newvalue);
+int KLOsetintattr(KLOmodel* model, const char* attrname, int newvalue);
 /** Reads a whole-model double attribute into *valueP. */
-int KLOgetdblattr(KLOmodel *model, const char *attrname, double *valueP);
+int KLOgetdblattr(KLOmodel* model, const char* attrname, double* valueP);
 /** Sets a whole-model double attribute. */
-int KLOsetdblattr(KLOmodel *model, const char *attrname, double newvalue);
+int KLOsetdblattr(KLOmodel* model, const char* attrname, double newvalue);
 /** Reads a whole-model string attribute: *valueP receives a pointer to the
  *  library's text. */
-int KLOgetstrattr(KLOmodel *model, const char *attrname, const char **valueP);
+int KLOgetstrattr(KLOmodel* model, const char* attrname, const char** valueP);
 /** Sets a whole-model string attribute. */
-int KLOsetstrattr(KLOmodel *model, const char *attrname, const char *newvalue);
+int KLOsetstrattr(KLOmodel* model, const char* attrname, const char* newvalue);
 
 /* Element attributes: element is the index within the attribute's kind
  * (variable, row, PSD variable, general constraint); an index out of range
  * gives that kind's KLO_ERROR_INVALID_... code. */
 
 /** Reads an int attribute of one element. */
-int KLOgetintattrelement(KLOmodel *model, const char *attrname, int element, int *valueP);
+int KLOgetintattrelement(KLOmodel* model, const char* attrname, int element, int* valueP);
 /** Sets an int attribute of one element. */
-int KLOsetintattrelement(KLOmodel *model, const char *attrname, int element, int newvalue);
+int KLOsetintattrelement(KLOmodel* model, const char* attrname, int element, int newvalue);
 /** Reads a double attribute of one element. */
-int KLOgetdblattrelement(KLOmodel *model, const char *attrname, int element, double *valueP);
+int KLOgetdblattrelement(KLOmodel* model, const char* attrname, int element, double* valueP);
 /** Sets a double attribute of one element. */
-int KLOsetdblattrelement(KLOmodel *model, const char *attrname, int element, double newvalue);
+int KLOsetdblattrelement(KLOmodel* model, const char* attrname, int element, double newvalue);
 /** Reads a char attribute ("VType") of one element. */
-int KLOgetcharattrelement(KLOmodel *model, const char *attrname, int element, char *valueP);
+int KLOgetcharattrelement(KLOmodel* model, const char* attrname, int element, char* valueP);
 /** Sets a char attribute ("VType") of one element. */
-int KLOsetcharattrelement(KLOmodel *model, const char *attrname, int element, char newvalue);
+int KLOsetcharattrelement(KLOmodel* model, const char* attrname, int element, char newvalue);
 /** Reads a string attribute of one element: *valueP receives a pointer to
  *  the library's text. */
-int KLOgetstrattrelement(KLOmodel *model, const char *attrname, int element,
-                         const char **valueP);
+int KLOgetstrattrelement(KLOmodel* model, const char* attrname, int element, const char** valueP);
 /** Sets a string attribute of one element. */
-int KLOsetstrattrelement(KLOmodel *model, const char *attrname, int element,
-                         const char *newvalue);
+int KLOsetstrattrelement(KLOmodel* model, const char* attrname, int element, const char* newvalue);
 
 /* Array forms: elements start .. start+len-1 of an element attribute, in
  * one call.  A failed set changes no element. */
 
 /** Reads an int element attribute of len elements into values. */
-int KLOgetintattrarray(KLOmodel *model, const char *attrname, int start, int len, int *values);
+int KLOgetintattrarray(KLOmodel* model, const char* attrname, int start, int len, int* values);
 /** Sets an int element attribute of len elements from values. */
-int KLOsetintattrarray(KLOmodel *model, const char *attrname, int start, int len,
-                       const int *values);
+int KLOsetintattrarray(KLOmodel* model, const char* attrname, int start, int len,
+                       const int* values);
 /** Reads a double element attribute of len elements into values. */
-int KLOgetdblattrarray(KLOmodel *model, const char *attrname, int start, int len,
-                       double *values);
+int KLOgetdblattrarray(KLOmodel* model, const char* attrname, int start, int len, double* values);
 /** Sets a double element attribute of len elements from values. */
-int KLOsetdblattrarray(KLOmodel *model, const char *attrname, int start, int len,
-                       const double *values);
+int KLOsetdblattrarray(KLOmodel* model, const char* attrname, int start, int len,
+                       const double* values);
 /** Reads a char element attribute of len elements into values. */
-int KLOgetcharattrarray(KLOmodel *model, const char *attrname, int start, int len,
-                        char *values);
+int KLOgetcharattrarray(KLOmodel* model, const char* attrname, int start, int len, char* values);
 /** Sets a char element attribute of len elements from values. */
-int KLOsetcharattrarray(KLOmodel *model, const char *attrname, int start, int len,
-                        const char *values);
+int KLOsetcharattrarray(KLOmodel* model, const char* attrname, int start, int len,
+                        const char* values);
 
 /** Matrix attribute of a PSD variable.  *nnzP, *nrowsP and *ncolsP receive
  *  the shape; with non-null ind and val the flattened positions and values
  *  are copied too (call first with nulls to size the arrays). */
-int KLOgetmatattrelement(KLOmodel *model, const char *attrname, int element, int *nnzP,
-                         int *nrowsP, int *ncolsP, int *ind, double *val);
+int KLOgetmatattrelement(KLOmodel* model, const char* attrname, int element, int* nnzP, int* nrowsP,
+                         int* ncolsP, int* ind, double* val);
 /** Sets a matrix attribute from nnz entries (positions ind, values val). */
-int KLOsetmatattrelement(KLOmodel *model, const char *attrname, int element, int nnz,
-                         int nrows, int ncols, const int *ind, const double *val);
+int KLOsetmatattrelement(KLOmodel* model, const char* attrname, int element, int nnz, int nrows,
+                         int ncols, const int* ind, const double* val);
 
 /* ========================================================================
  * Inside a running callback (cbdata as passed to the callback function)
@@ -998,29 +1006,29 @@ int KLOsetmatattrelement(KLOmodel *model, const char *attrname, int element, int
 
 /** Reads information code what (KLO_CBINFO_...) into *resultP: an int, a
  *  double, or a pointer to an array, as the code says. */
-int KLOcbget(void *cbdata, int where, int what, void *resultP);
+int KLOcbget(void* cbdata, int where, int what, void* resultP);
 
 /** Proposes a solution (one value per variable; KLO_UNDEFINED, NaN or any
  *  other value of magnitude KLO_INFINITY or more marks a value to be
  *  completed by the library).  *objP receives its objective when it
  *  was accepted.  Positive results are refusals (KLO_CB_...). */
-int KLOcbsolution(void *cbdata, const double *solution, double *objP);
+int KLOcbsolution(void* cbdata, const double* solution, double* objP);
 /** The same, for the index-based callback. */
-int KLOcbsolutionp(void *cbdata, const double *solution, double *objP);
+int KLOcbsolutionp(void* cbdata, const double* solution, double* objP);
 
 /** Adds the cut  sum cutval x[cutind]  cutsense  cutrhs  at KLO_CB_MIPNODE. */
-int KLOcbcut(void *cbdata, int cutlen, const int *cutind, const double *cutval, char cutsense,
+int KLOcbcut(void* cbdata, int cutlen, const int* cutind, const double* cutval, char cutsense,
              double cutrhs);
 /** The same, for the index-based callback. */
-int KLOcbcutp(void *cbdata, int cutlen, const int *cutind, const double *cutval, char cutsense,
+int KLOcbcutp(void* cbdata, int cutlen, const int* cutind, const double* cutval, char cutsense,
               double cutrhs);
 
 /** Asks to branch on variable index at value: dir < 0 explores the down
  *  branch (x <= floor(value)) first, dir > 0 the up branch, 0 lets the
  *  library choose. */
-int KLOcbbranch(void *cbdata, int index, double value, int dir);
+int KLOcbbranch(void* cbdata, int index, double value, int dir);
 /** The same, for the index-based callback. */
-int KLOcbbranchp(void *cbdata, int index, double value, int dir);
+int KLOcbbranchp(void* cbdata, int index, double value, int dir);
 
 #if defined(__GNUC__)
 #pragma GCC visibility pop

@@ -4,6 +4,7 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "klo_c.h"
 #include "store/checks.h"
 
 namespace klo {

@@ -1,11 +1,11 @@
 // Small pieces shared by the attribute definitions.
-#ifndef KLO_SOLVER_ATTR_ATTR_HELPERS_H
-#define KLO_SOLVER_ATTR_ATTR_HELPERS_H
+#pragma once
 
 #include <string>
 
 #include "attr/attributes.h"
 #include "common/error.h"
+#include "klo_c.h"
 
 namespace klo {
 
@@ -91,5 +91,3 @@ AttrDef basisAttr(const char* name, Level level) {
 }
 
 }  // namespace klo
-
-#endif

@@ -4,6 +4,7 @@
 #include "attr/attr_helpers.h"
 #include "common/error.h"
 #include "common/text.h"
+#include "klo_c.h"
 #include "store/checks.h"
 
 namespace klo {
@@ -97,8 +98,7 @@ void addViolationAttrs(std::vector<AttrDef>& out) {
   attr("MaxIntViolation", [](const KLOmodel& m, int) { return primalFigures(m).integrality; });
   attr("MaxSOSViolation", [](const KLOmodel& m, int) { return primalFigures(m).sos; });
   attr("MaxDualViolation", [](const KLOmodel& m, int) { return dualFigures(m).dual; });
-  attr("MaxComplViolation",
-       [](const KLOmodel& m, int) { return dualFigures(m).complementarity; });
+  attr("MaxComplViolation", [](const KLOmodel& m, int) { return dualFigures(m).complementarity; });
 }
 
 }  // namespace

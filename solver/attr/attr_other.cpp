@@ -1,5 +1,6 @@
 // Attributes of PSD variables and general constraints.
 #include "attr/attr_helpers.h"
+#include "klo_c.h"
 
 namespace klo {
 

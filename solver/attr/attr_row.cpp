@@ -1,6 +1,7 @@
 // Attributes of single rows (linear, quadratic and PSD rows alike).
 #include "attr/attr_helpers.h"
 #include "common/error.h"
+#include "klo_c.h"
 #include "store/edit.h"
 
 namespace klo {
@@ -19,8 +20,9 @@ void setUpper(KLOmodel& m, int i, double v) { setRowBound(m.data, i, true, v); }
 void addRowAttrs(std::vector<AttrDef>& out) {
   out.push_back(iisAttr<&Results::iisRow>("IISConstr", R));
   out.push_back(iisAttr<&Results::iisRow>("IISRow", R));
-  out.push_back(basisAttr<&ModelData::rowBasis, &Results::rowBasis, &ModelData::numRows,
-                          KLO_BASIS_BASIC>("RowBasis", R));
+  out.push_back(
+      basisAttr<&ModelData::rowBasis, &Results::rowBasis, &ModelData::numRows, KLO_BASIS_BASIC>(
+          "RowBasis", R));
 
   for (const char* name : {"LHS", "QCLHS", "PsdCLHS"})
     out.push_back(numAttr(name, D, R, lower, checkNotNaN, setLower));

@@ -1,6 +1,7 @@
 // Attributes of single variables.
 #include "attr/attr_helpers.h"
 #include "common/error.h"
+#include "klo_c.h"
 #include "store/checks.h"
 #include "store/edit.h"
 
@@ -17,8 +18,9 @@ void checkType(const KLOmodel&, int, double v) { checkVarType(static_cast<char>(
 void addVarAttrs(std::vector<AttrDef>& out) {
   out.push_back(iisAttr<&Results::iisCol>("IISVar", V));
   out.push_back(iisAttr<&Results::iisCol>("IISCol", V));
-  out.push_back(basisAttr<&ModelData::colBasis, &Results::colBasis, &ModelData::numVars,
-                          KLO_BASIS_LOWER>("ColBasis", V));
+  out.push_back(
+      basisAttr<&ModelData::colBasis, &Results::colBasis, &ModelData::numVars, KLO_BASIS_LOWER>(
+          "ColBasis", V));
 
   out.push_back(numAttr(
       "LB", D, V, [](const KLOmodel& m, int j) { return m.data.lb[j]; }, checkNotNaN,

@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "common/error.h"
+#include "klo_c.h"
 #include "store/checks.h"
 
 namespace klo {
@@ -10,29 +11,20 @@ namespace {
 
 const char* typeName(AttrType t) {
   switch (t) {
-    case AttrType::Int:
-      return "int";
-    case AttrType::Double:
-      return "double";
-    case AttrType::Char:
-      return "char";
-    case AttrType::String:
-      return "string";
-    default:
-      return "matrix";
+    case AttrType::Int: return "int";
+    case AttrType::Double: return "double";
+    case AttrType::Char: return "char";
+    case AttrType::String: return "string";
+    default: return "matrix";
   }
 }
 
 Kind kindOf(Level l) {
   switch (l) {
-    case Level::Var:
-      return Kind::Var;
-    case Level::Row:
-      return Kind::Row;
-    case Level::PsdVar:
-      return Kind::PsdVar;
-    default:
-      return Kind::GenConstr;
+    case Level::Var: return Kind::Var;
+    case Level::Row: return Kind::Row;
+    case Level::PsdVar: return Kind::PsdVar;
+    default: return Kind::GenConstr;
   }
 }
 

@@ -3,8 +3,7 @@
 // setter makes it read-only.  Int and char values travel as doubles (exact
 // for every value they can take) so that one generic path serves the
 // single, element and array forms.
-#ifndef KLO_SOLVER_ATTR_ATTRIBUTES_H
-#define KLO_SOLVER_ATTR_ATTRIBUTES_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -57,5 +56,3 @@ const Results& solution(const KLOmodel& m);
 const Results& solveResult(const KLOmodel& m);
 
 }  // namespace klo
-
-#endif

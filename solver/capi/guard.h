@@ -1,6 +1,5 @@
 // The one place where failures inside the library become status codes.
-#ifndef KLO_SOLVER_CAPI_GUARD_H
-#define KLO_SOLVER_CAPI_GUARD_H
+#pragma once
 
 #include <exception>
 #include <new>
@@ -39,5 +38,3 @@ inline void requireArg(const void* p, const char* what) {
 }
 
 }  // namespace klo
-
-#endif

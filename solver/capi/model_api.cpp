@@ -105,9 +105,7 @@ int KLOread(KLOmodel* model, const char* filename) {
       }
       case klo::FileKind::Solution:
         klo::fail(KLO_ERROR_FILE_FORMAT, "Solution files (.sol) are written, not read");
-      default:
-        model->data = klo::readModelFile(filename);
-        return false;
+      default: model->data = klo::readModelFile(filename); return false;
     }
   });
 }
@@ -116,18 +114,15 @@ int KLOwrite(KLOmodel* model, const char* filename) {
   return readModel(model, [&] {
     requireArg(filename, "filename");
     switch (klo::fileKind(filename)) {
-      case klo::FileKind::Params:
-        return klo::writeParamFile(filename, model->env.params);
-      case klo::FileKind::Start:
-        return klo::writeStartFile(filename, model->data);
+      case klo::FileKind::Params: return klo::writeParamFile(filename, model->env.params);
+      case klo::FileKind::Start: return klo::writeStartFile(filename, model->data);
       case klo::FileKind::Basis:
         return klo::writeBasisFile(filename, model->data, currentBasis(*model));
       case klo::FileKind::Solution: {
         const klo::Results& r = klo::solution(*model);
         return klo::writeSolutionFile(filename, model->data, r.objective, r.x);
       }
-      default:
-        return klo::writeModelFile(filename, model->data);
+      default: return klo::writeModelFile(filename, model->data);
     }
   });
 }

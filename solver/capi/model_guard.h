@@ -1,10 +1,10 @@
 // Entry checks of the model functions: a null model, a model being solved.
-#ifndef KLO_SOLVER_CAPI_MODEL_GUARD_H
-#define KLO_SOLVER_CAPI_MODEL_GUARD_H
+#pragma once
 
 #include <type_traits>
 
 #include "capi/guard.h"
+#include "klo_c.h"
 #include "store/model.h"
 
 namespace klo {
@@ -41,5 +41,3 @@ void putIf(T* p, T v) {
 }
 
 }  // namespace klo
-
-#endif

@@ -4,6 +4,7 @@
 
 #include "capi/model_guard.h"
 #include "engine/callback_context.h"
+#include "klo_c.h"
 #include "solve/feas_relax.h"
 #include "solve/iis.h"
 #include "solve/optimize.h"

@@ -1,8 +1,7 @@
 // A unique_ptr that copies its pointee: keeps rarely used parts of a value
 // type (such as the non-linear terms of a row) out of line without giving up
 // value semantics.
-#ifndef KLO_SOLVER_COMMON_DEEP_PTR_H
-#define KLO_SOLVER_COMMON_DEEP_PTR_H
+#pragma once
 
 #include <memory>
 
@@ -36,5 +35,3 @@ class DeepPtr {
 };
 
 }  // namespace klo
-
-#endif

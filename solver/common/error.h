@@ -1,8 +1,7 @@
 // Internal failure type of the solver library.  Store, file and parameter
 // code throws it; the C functions catch it, record the message in the
 // environment and return the code.
-#ifndef KLO_SOLVER_COMMON_ERROR_H
-#define KLO_SOLVER_COMMON_ERROR_H
+#pragma once
 
 #include <string>
 
@@ -16,5 +15,3 @@ struct Error {
 [[noreturn]] void fail(int code, std::string message);
 
 }  // namespace klo
-
-#endif

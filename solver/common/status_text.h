@@ -1,7 +1,6 @@
 // The one text of each optimisation status (KLO_STATUS_...), for log lines,
 // summaries and KLOexplainstatus.
-#ifndef KLO_SOLVER_COMMON_STATUS_TEXT_H
-#define KLO_SOLVER_COMMON_STATUS_TEXT_H
+#pragma once
 
 namespace klo {
 
@@ -9,5 +8,3 @@ namespace klo {
 const char* statusText(int status);
 
 }  // namespace klo
-
-#endif

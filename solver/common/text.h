@@ -1,6 +1,5 @@
 // Small text helpers shared by the file readers.
-#ifndef KLO_SOLVER_COMMON_TEXT_H
-#define KLO_SOLVER_COMMON_TEXT_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -18,5 +17,3 @@ bool parseDouble(const std::string& s, double& out);
 std::string formatDouble(double v);
 
 }  // namespace klo
-
-#endif

@@ -1,8 +1,7 @@
 // How far an answer is from what it claims, in the model's own terms: the
 // figures of the answer check (solve/answer_check.h), kept with the results
 // and read as attributes.  Every figure is 0 for a perfect answer.
-#ifndef KLO_SOLVER_COMMON_VIOLATIONS_H
-#define KLO_SOLVER_COMMON_VIOLATIONS_H
+#pragma once
 
 #include <algorithm>
 
@@ -29,5 +28,3 @@ struct Violations {
 };
 
 }  // namespace klo
-
-#endif

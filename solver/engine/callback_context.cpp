@@ -67,8 +67,7 @@ bool isNodeCode(int what) {
 bool isSearchCode(int what) {
   return what == KLO_CBINFO_OBJBEST || what == KLO_CBINFO_OBJBOUND ||
          what == KLO_CBINFO_NODECOUNT || what == KLO_CBINFO_NODELEFT ||
-         what == KLO_CBINFO_SOLCOUNT || what == KLO_CBINFO_CUTCOUNT ||
-         what == KLO_CBINFO_ISINTEGER;
+         what == KLO_CBINFO_SOLCOUNT || what == KLO_CBINFO_CUTCOUNT || what == KLO_CBINFO_ISINTEGER;
 }
 
 }  // namespace

@@ -2,11 +2,12 @@
 // CallbackContext at each callback location; the C functions KLOcbget,
 // KLOcbsolution, KLOcbcut and KLOcbbranch are thin wrappers over the
 // callback... functions below, with the context as their cbdata.
-#ifndef KLO_SOLVER_ENGINE_CALLBACK_CONTEXT_H
-#define KLO_SOLVER_ENGINE_CALLBACK_CONTEXT_H
+#pragma once
 
 #include <chrono>
 #include <functional>
+
+#include "klo_c.h"
 
 namespace klo::engine {
 
@@ -30,8 +31,8 @@ struct CallbackContext {
 
   // Search state, in the model's sense.  objBest is +-KLO_INFINITY (the
   // model's sense) while there is no incumbent.
-  double objBest = 1e20;
-  double objBound = -1e20;
+  double objBest = KLO_INFINITY;
+  double objBound = -KLO_INFINITY;
   long long nodeCount = 0;
   long long nodeLeft = 0;
   long long solCount = 0;
@@ -79,5 +80,3 @@ int callbackCut(CallbackContext& ctx, int len, const int* ind, const double* val
 int callbackBranch(CallbackContext& ctx, int column, double value, int dir);
 
 }  // namespace klo::engine
-
-#endif

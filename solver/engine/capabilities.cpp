@@ -1,5 +1,7 @@
 #include "engine/capabilities.h"
 
+#include "klo_c.h"
+
 namespace klo::engine {
 
 unsigned featuresOf(const Problem& p) {

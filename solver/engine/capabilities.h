@@ -1,8 +1,7 @@
 // What a model asks of an engine, and what each engine declares it can
 // take.  The chooser (solve/chooser.h) matches the two; adapters never
 // choose.
-#ifndef KLO_SOLVER_ENGINE_CAPABILITIES_H
-#define KLO_SOLVER_ENGINE_CAPABILITIES_H
+#pragma once
 
 #include <vector>
 
@@ -42,5 +41,3 @@ struct Capabilities {
 };
 
 }  // namespace klo::engine
-
-#endif

@@ -8,8 +8,7 @@
 // result.h, this file) and what every adapter may use (problem_eval.h,
 // log.h, lp_duals.h); coin/ what the COIN-OR adapters share; one folder per
 // engine (clp/, cbc/), with the engine's quirks at the top of its main file.
-#ifndef KLO_SOLVER_ENGINE_ENGINE_H
-#define KLO_SOLVER_ENGINE_ENGINE_H
+#pragma once
 
 #include <memory>
 #include <vector>
@@ -68,5 +67,3 @@ EngineEntry cbcEntry();
 const std::vector<EngineEntry>& engines();
 
 }  // namespace klo::engine
-
-#endif

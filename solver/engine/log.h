@@ -1,6 +1,5 @@
 // Log lines the adapters write themselves (summaries, progress).
-#ifndef KLO_SOLVER_ENGINE_LOG_H
-#define KLO_SOLVER_ENGINE_LOG_H
+#pragma once
 
 #include <string>
 
@@ -15,5 +14,3 @@ void logLine(const Settings& s, const std::string& line);
 std::string formatNumber(double v);
 
 }  // namespace klo::engine
-
-#endif

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "engine/problem_eval.h"
+#include "klo_c.h"
 
 namespace klo::engine {
 namespace {

@@ -1,7 +1,6 @@
 // Dual-side quantities of an LP result in the convention of result.h: the
 // dual objective of a solution, and the orientation of a Farkas ray.
-#ifndef KLO_SOLVER_ENGINE_LP_DUALS_H
-#define KLO_SOLVER_ENGINE_LP_DUALS_H
+#pragma once
 
 #include <vector>
 
@@ -23,5 +22,3 @@ double farkasMargin(const Problem& p, const std::vector<double>& y);
 void orientFarkasRay(const Problem& p, std::vector<double>& y);
 
 }  // namespace klo::engine
-
-#endif

@@ -17,8 +17,7 @@
 // of dimension n) hold the upper triangle: position p = r * n + c with
 // r <= c.  An off-diagonal entry stands for itself and its mirror, so
 // <C, X> = sum_r C_rr X_rr + 2 sum_{r<c} C_rc X_rc.
-#ifndef KLO_SOLVER_ENGINE_PROBLEM_H
-#define KLO_SOLVER_ENGINE_PROBLEM_H
+#pragma once
 
 #include <vector>
 
@@ -124,5 +123,3 @@ struct Problem {
 void checkProblem(const Problem& p);
 
 }  // namespace klo::engine
-
-#endif

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "klo_c.h"
+
 namespace klo::engine {
 namespace {
 

@@ -1,7 +1,6 @@
 // Evaluating a point against a Problem: row activities, objective, and how
 // far it is from feasible.  Used to check proposed solutions and answers.
-#ifndef KLO_SOLVER_ENGINE_PROBLEM_EVAL_H
-#define KLO_SOLVER_ENGINE_PROBLEM_EVAL_H
+#pragma once
 
 #include <vector>
 
@@ -34,5 +33,3 @@ Violations primalViolations(const Problem& p, const double* x,
 double maxViolation(const Problem& p, const double* x, bool integers);
 
 }  // namespace klo::engine
-
-#endif

@@ -17,8 +17,7 @@
 // lower bound, y_i < 0 with its upper bound, and the combined row
 // sum_i y_i a_i x >= sum_{y_i>0} y_i lower_i + sum_{y_i<0} y_i upper_i
 // cannot be met by any x within the column bounds.
-#ifndef KLO_SOLVER_ENGINE_RESULT_H
-#define KLO_SOLVER_ENGINE_RESULT_H
+#pragma once
 
 #include <vector>
 
@@ -77,5 +76,3 @@ inline void addWork(Result& to, const Result& from) {
 }
 
 }  // namespace klo::engine
-
-#endif

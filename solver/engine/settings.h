@@ -11,27 +11,29 @@
 //  "IPM/MaxIterations"      maxBarrierIterations  barrier         no
 //  "IPM/PrimalTolerance"    ipmPrimalTolerance    barrier         no
 //  "IPM/DualTolerance"      ipmDualTolerance      barrier         no
-//  "IPM/GapTolerance"       ipmGapTolerance       accepted, not used: Clp's barrier has a fixed gap rule
-//  "MIP/MaxNodes"           maxNodes              -               yes
-//  "MIP/MaxSols"            maxSolutions          -               yes
-//  "MIP/GapAbs"             gapAbs                -               yes ("-allowableGap")
-//  "MIP/GapRel"             gapRel                -               yes ("-ratioGap", on the objective without its constant)
-//  "MIP/Cutoff"             cutoff                -               yes
+//  "IPM/GapTolerance"       ipmGapTolerance       accepted, not used: Clp's barrier has a fixed gap
+//  rule "MIP/MaxNodes"           maxNodes              -               yes "MIP/MaxSols"
+//  maxSolutions          -               yes "MIP/GapAbs"             gapAbs                - yes
+//  ("-allowableGap") "MIP/GapRel"             gapRel                -               yes
+//  ("-ratioGap", on the objective without its constant) "MIP/Cutoff"             cutoff - yes
 //  "MIP/IntegerTolerance"   integerTolerance      -               yes
-//  "MIP/LevelCuts"          levelCuts             -               0 off, 1 root only, 2 and -1 Cbc's default, 3 every node
-//  "MIP/LevelHeurs"         levelHeurs            -               0 off, 1 rounding and pump, 2 and -1 Cbc's default, 3 adds RENS, RINS, DINS, proximity
+//  "MIP/LevelCuts"          levelCuts             -               0 off, 1 root only, 2 and -1
+//  Cbc's default, 3 every node "MIP/LevelHeurs"         levelHeurs            -               0
+//  off, 1 rounding and pump, 2 and -1 Cbc's default, 3 adds RENS, RINS, DINS, proximity
 //  "MIP/SolutionPoolSize"   solutionPoolSize      -               yes
 //  "MIP/EnableLazyConstr"   lazyConstraints       -               yes (with a callback)
-//  "NumThreads"             numThreads            no (serial)     > 1: Cbc's threads, unless a callback is set
-//  "OutputFlag", "LogToConsole", "LogFile": the C layer's log; here logLevel and log.
-#ifndef KLO_SOLVER_ENGINE_SETTINGS_H
-#define KLO_SOLVER_ENGINE_SETTINGS_H
+//  "NumThreads"             numThreads            no (serial)     > 1: Cbc's threads, unless a
+//  callback is set "OutputFlag", "LogToConsole", "LogFile": the C layer's log; here logLevel and
+//  log.
+#pragma once
 
 #include <climits>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include "klo_c.h"
 
 namespace klo::engine {
 
@@ -57,7 +59,7 @@ struct Settings {
   int maxSolutions = INT_MAX;
   double gapAbs = 1e-6;
   double gapRel = 1e-4;
-  double cutoff = 1e20;  // in the model's sense; +-1e20: none
+  double cutoff = KLO_INFINITY;  // in the model's sense; +-1e20: none
   double integerTolerance = 1e-6;
   int levelCuts = -1;   // -1 automatic, 0 off .. 3 aggressive
   int levelHeurs = -1;  // -1 automatic, 0 off .. 3 aggressive
@@ -67,8 +69,8 @@ struct Settings {
   bool lazyConstraints = false;
 
   // Both
-  double maxTime = 1e20;  // wall-clock seconds
-  int numThreads = -1;    // -1 automatic
+  double maxTime = KLO_INFINITY;  // wall-clock seconds
+  int numThreads = -1;            // -1 automatic
 
   // Log: level 0 silences the engine entirely; 1 gives the usual progress
   // and summary; higher levels pass more of the engine's own messages.
@@ -82,5 +84,3 @@ struct Settings {
 };
 
 }  // namespace klo::engine
-
-#endif

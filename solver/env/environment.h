@@ -1,6 +1,5 @@
 // The environment behind the opaque KLOenv: parameters, log, last error.
-#ifndef KLO_SOLVER_ENV_ENVIRONMENT_H
-#define KLO_SOLVER_ENV_ENVIRONMENT_H
+#pragma once
 
 #include <string>
 
@@ -27,5 +26,3 @@ struct KLOenv {
   // Replaces every parameter, keeping the log in step.
   void replaceParams(const klo::ParamSet& p);
 };
-
-#endif

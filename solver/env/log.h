@@ -1,7 +1,6 @@
 // Where an environment's log goes: the console and, when "LogFile" is set,
 // a file the lines are appended to.
-#ifndef KLO_SOLVER_ENV_LOG_H
-#define KLO_SOLVER_ENV_LOG_H
+#pragma once
 
 #include <fstream>
 #include <string>
@@ -32,5 +31,3 @@ class LogSink {
 };
 
 }  // namespace klo
-
-#endif

@@ -1,7 +1,6 @@
 // Parameter files (".prm"): one "name value" pair a line, '#' starts a
 // comment, blank lines are ignored.
-#ifndef KLO_SOLVER_ENV_PARAM_FILE_H
-#define KLO_SOLVER_ENV_PARAM_FILE_H
+#pragma once
 
 #include <string>
 
@@ -16,5 +15,3 @@ ParamSet readParamFile(const std::string& path, const ParamSet& base);
 void writeParamFile(const std::string& path, const ParamSet& params);
 
 }  // namespace klo
-
-#endif

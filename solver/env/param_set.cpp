@@ -13,12 +13,9 @@ namespace {
 
 const char* typeName(ParamType t) {
   switch (t) {
-    case ParamType::Int:
-      return "int";
-    case ParamType::Double:
-      return "double";
-    default:
-      return "string";
+    case ParamType::Int: return "int";
+    case ParamType::Double: return "double";
+    default: return "string";
   }
 }
 

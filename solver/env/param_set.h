@@ -1,6 +1,5 @@
 // The parameter values of one environment, checked against the table.
-#ifndef KLO_SOLVER_ENV_PARAM_SET_H
-#define KLO_SOLVER_ENV_PARAM_SET_H
+#pragma once
 
 #include <string>
 #include <utility>
@@ -43,5 +42,3 @@ class ParamSet {
 };
 
 }  // namespace klo
-
-#endif

@@ -2,11 +2,13 @@
 
 #include <unordered_map>
 
+#include "klo_c.h"
+
 namespace klo {
 namespace {
 
 constexpr double kIntMax = 2147483647.0;
-constexpr double kInf = 1e20;
+
 constexpr ParamType I = ParamType::Int;
 constexpr ParamType D = ParamType::Double;
 
@@ -50,7 +52,7 @@ const ParamDef kParams[] = {
     {"PDHG/MaxIterations", I, 0, kIntMax, kIntMax},
     {"SolutionTarget", I, -1, 1, -1},
     {"ObjNumber", I, 0, kIntMax, 0},
-    {"MaxTime", D, 0, kInf, kInf},
+    {"MaxTime", D, 0, KLO_INFINITY, KLO_INFINITY},
     {"PresolveTolerance", D, 0, 1, 1e-9},
     {"SPX/PrimalTolerance", D, 1e-10, 1e-2, 1e-7},
     {"SPX/DualTolerance", D, 1e-10, 1e-2, 1e-7},
@@ -58,13 +60,13 @@ const ParamDef kParams[] = {
     {"IPM/DualTolerance", D, 1e-12, 1, 1e-8},
     {"IPM/GapTolerance", D, 1e-12, 1, 1e-8},
     {"MIP/IntegerTolerance", D, 1e-9, 0.5, 1e-6},
-    {"MIP/ObjectiveTolerance", D, 0, kInf, 1e-6},
-    {"MIP/GapAbs", D, 0, kInf, 1e-6},
-    {"MIP/GapRel", D, 0, kInf, 1e-4},
-    {"MIP/LinearizationBigM", D, 0, kInf, 1e5},
-    {"MIP/Cutoff", D, -kInf, kInf, kInf},
+    {"MIP/ObjectiveTolerance", D, 0, KLO_INFINITY, 1e-6},
+    {"MIP/GapAbs", D, 0, KLO_INFINITY, 1e-6},
+    {"MIP/GapRel", D, 0, KLO_INFINITY, 1e-4},
+    {"MIP/LinearizationBigM", D, 0, KLO_INFINITY, 1e5},
+    {"MIP/Cutoff", D, -KLO_INFINITY, KLO_INFINITY, KLO_INFINITY},
     {"MIP/Heuristics", D, 0, 1, 0.05},
-    {"MIP/NoRelHeurWork", D, 0, kInf, 0},
+    {"MIP/NoRelHeurWork", D, 0, KLO_INFINITY, 0},
     {"PDHG/DualTolerance", D, 0, 1, 1e-4},
     {"PDHG/GapTolerance", D, 0, 1, 1e-4},
     {"PDHG/PrimalTolerance", D, 0, 1, 1e-4},

@@ -1,6 +1,5 @@
 // The parameters of an environment: name, type, range and default.
-#ifndef KLO_SOLVER_ENV_PARAM_TABLE_H
-#define KLO_SOLVER_ENV_PARAM_TABLE_H
+#pragma once
 
 #include <string>
 
@@ -23,5 +22,3 @@ const ParamDef& paramDef(int i);
 int findParam(const std::string& name);
 
 }  // namespace klo
-
-#endif

@@ -84,14 +84,9 @@ void writeBasisFile(const std::string& path, const ModelData& d, const Basis& b)
         // A basic column without a partner row needs no line: the
         // format cannot say more about an inconsistent basis.
         break;
-      case KLO_BASIS_UPPER:
-        out << " UL " << cols[j] << '\n';
-        break;
-      case KLO_BASIS_SUPERBASIC:
-        out << " SB " << cols[j] << '\n';
-        break;
-      default:
-        break;  // at the lower bound: the default
+      case KLO_BASIS_UPPER: out << " UL " << cols[j] << '\n'; break;
+      case KLO_BASIS_SUPERBASIC: out << " SB " << cols[j] << '\n'; break;
+      default: break;  // at the lower bound: the default
     }
   }
   for (int i = 0; i < d.numRows(); ++i)

@@ -1,6 +1,5 @@
 // Names as a file format needs them: non-empty, unique, without blanks.
-#ifndef KLO_SOLVER_IO_FILE_NAMES_H
-#define KLO_SOLVER_IO_FILE_NAMES_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -15,5 +14,3 @@ std::vector<std::string> fileNames(const NameTable& table, const std::string& pr
                                    const std::string& forbidden = "");
 
 }  // namespace klo
-
-#endif

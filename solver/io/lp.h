@@ -1,7 +1,6 @@
 // LP files (plain or gzip-compressed), read and written by the library's
 // own code: CoinLpIO crashes on malformed input.
-#ifndef KLO_SOLVER_IO_LP_H
-#define KLO_SOLVER_IO_LP_H
+#pragma once
 
 #include <string>
 
@@ -15,5 +14,3 @@ ModelData readLp(const std::string& path);
 void writeLp(const std::string& path, const ModelData& d);
 
 }  // namespace klo
-
-#endif

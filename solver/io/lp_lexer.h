@@ -1,6 +1,5 @@
 // Tokens of the LP format, with the line each one starts on.
-#ifndef KLO_SOLVER_IO_LP_LEXER_H
-#define KLO_SOLVER_IO_LP_LEXER_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -21,5 +20,3 @@ struct LpToken {
 std::vector<LpToken> lexLp(const std::string& text, const std::string& path);
 
 }  // namespace klo
-
-#endif

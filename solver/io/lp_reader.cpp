@@ -125,22 +125,14 @@ class LpReader {
 
   void statement(Section s) {
     switch (s) {
-      case Section::Objective:
-        return objective();
-      case Section::Rows:
-        return row();
-      case Section::Bounds:
-        return bound();
-      case Section::Generals:
-        return typeName('I');
-      case Section::Binaries:
-        return typeName('B');
-      case Section::Semis:
-        return typeName('S');
-      case Section::Sos:
-        return sos();
-      default:
-        bad("expected a section such as Minimize or Subject To");
+      case Section::Objective: return objective();
+      case Section::Rows: return row();
+      case Section::Bounds: return bound();
+      case Section::Generals: return typeName('I');
+      case Section::Binaries: return typeName('B');
+      case Section::Semis: return typeName('S');
+      case Section::Sos: return sos();
+      default: bad("expected a section such as Minimize or Subject To");
     }
   }
 
@@ -287,7 +279,7 @@ class LpReader {
     if (peek().kind == LpToken::Name && isOp("=", 1) && peek(2).kind == LpToken::Number &&
         isOp("->", 3))
       return indicator(name, line);
-    double lo = -1e20, up = 1e20;
+    double lo = -KLO_INFINITY, up = KLO_INFINITY;
     Expr body;
     if (startsWithNumber()) {  // lo <= expr <= up, number <= expr, or "0 <= 5"
       double first = number();
@@ -354,8 +346,8 @@ class LpReader {
     if (peek().kind == LpToken::Name && lower(peek(1).text) == "free" && !isInfinity(peek().text)) {
       int j = column(next().text);
       next();
-      d_.lb[j] = -1e20;
-      d_.ub[j] = 1e20;
+      d_.lb[j] = -KLO_INFINITY;
+      d_.ub[j] = KLO_INFINITY;
       return;
     }
     if (startsWithNumber()) {  // number <= x [<= number]

@@ -65,8 +65,8 @@ std::vector<std::string> lpNames(const NameTable& t, const std::string& prefix) 
 }
 
 std::string num(double v) {
-  if (v >= 1e20) return "inf";
-  if (v <= -1e20) return "-inf";
+  if (v >= KLO_INFINITY) return "inf";
+  if (v <= -KLO_INFINITY) return "-inf";
   return formatDouble(v);
 }
 
@@ -108,8 +108,8 @@ void rows(std::ostream& out, const ModelData& d, const std::vector<std::string>&
   for (int i = 0; i < d.numRows(); ++i) {
     const Row& r = d.rows[i];
     out << ' ' << rowNames[i] << ':';
-    bool range = r.lower != r.upper && r.lower > -1e20 && r.upper < 1e20;
-    bool free = r.lower <= -1e20 && r.upper >= 1e20;
+    bool range = r.lower != r.upper && r.lower > -KLO_INFINITY && r.upper < KLO_INFINITY;
+    bool free = r.lower <= -KLO_INFINITY && r.upper >= KLO_INFINITY;
     if (range || free) out << ' ' << num(r.lower) << " <=";
     linear(out, r.lin, cols);
     if (r.nl) quadratic(out, r.nl->quad, cols, 1);
@@ -118,7 +118,7 @@ void rows(std::ostream& out, const ModelData& d, const std::vector<std::string>&
       out << " <= " << num(r.upper);
     else if (r.lower == r.upper)
       out << " = " << num(r.upper);
-    else if (r.lower > -1e20)
+    else if (r.lower > -KLO_INFINITY)
       out << " >= " << num(r.lower);
     else
       out << " <= " << num(r.upper);
@@ -143,7 +143,7 @@ void bounds(std::ostream& out, const ModelData& d, const std::vector<std::string
   out << "Bounds\n";
   for (int j = 0; j < d.numVars(); ++j) {
     double lb = d.lb[j], ub = d.ub[j];
-    if (lb <= -1e20 && ub >= 1e20)
+    if (lb <= -KLO_INFINITY && ub >= KLO_INFINITY)
       out << ' ' << cols[j] << " free\n";
     else if (lb == ub)
       out << ' ' << cols[j] << " = " << num(lb) << "\n";

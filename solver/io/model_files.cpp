@@ -26,23 +26,17 @@ FileKind fileKind(const std::string& path) {
 
 ModelData readModelFile(const std::string& path) {
   switch (fileKind(path)) {
-    case FileKind::Mps:
-      return readMps(path);
-    case FileKind::Lp:
-      return readLp(path);
-    default:
-      fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
+    case FileKind::Mps: return readMps(path);
+    case FileKind::Lp: return readLp(path);
+    default: fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
   }
 }
 
 void writeModelFile(const std::string& path, const ModelData& d) {
   switch (fileKind(path)) {
-    case FileKind::Mps:
-      return writeMps(path, d);
-    case FileKind::Lp:
-      return writeLp(path, d);
-    default:
-      fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
+    case FileKind::Mps: return writeMps(path, d);
+    case FileKind::Lp: return writeLp(path, d);
+    default: fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
   }
 }
 

@@ -1,6 +1,5 @@
 // Which file a name denotes, by its extension.
-#ifndef KLO_SOLVER_IO_MODEL_FILES_H
-#define KLO_SOLVER_IO_MODEL_FILES_H
+#pragma once
 
 #include <string>
 
@@ -19,5 +18,3 @@ ModelData readModelFile(const std::string& path);
 void writeModelFile(const std::string& path, const ModelData& d);
 
 }  // namespace klo
-
-#endif

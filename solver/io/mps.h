@@ -2,8 +2,7 @@
 // written through CoinUtils' CoinMpsIO.  Sections: ROWS, COLUMNS with
 // integer markers, RHS (the objective row's entry is minus the objective
 // constant), RANGES, BOUNDS, SOS, QUADOBJ and OBJSENSE.
-#ifndef KLO_SOLVER_IO_MPS_H
-#define KLO_SOLVER_IO_MPS_H
+#pragma once
 
 #include <string>
 
@@ -19,5 +18,3 @@ ModelData readMps(const std::string& path);
 void writeMps(const std::string& path, const ModelData& d);
 
 }  // namespace klo
-
-#endif

@@ -1,6 +1,7 @@
 #include <CoinMessageHandler.hpp>
 #include <CoinMpsIO.hpp>
 #include <CoinPackedMatrix.hpp>
+
 #include <algorithm>
 #include <cctype>
 #include <cstring>

@@ -2,8 +2,7 @@
 // (OBJSENSE), what it cannot detect (free format without the FREE marker)
 // and what it does not read (QMATRIX). Text that needs no adjustment passes
 // through uncopied.
-#ifndef KLO_SOLVER_IO_MPS_TEXT_H
-#define KLO_SOLVER_IO_MPS_TEXT_H
+#pragma once
 
 #include <string>
 
@@ -23,5 +22,3 @@ std::string markedFree(const std::string& text);
 std::string qmatrixAsQuadobj(std::string text);
 
 }  // namespace klo
-
-#endif

@@ -1,5 +1,6 @@
 #include <CoinMpsIO.hpp>
 #include <CoinPackedMatrix.hpp>
+
 #include <sstream>
 
 #include "common/error.h"
@@ -80,8 +81,8 @@ void writeMps(const std::string& path, const ModelData& d) {
   for (const std::string& n : cols) colPtr.push_back(n.c_str());
   for (const std::string& n : rows) rowPtr.push_back(n.c_str());
   CoinMpsIO io;
-  io.setMpsData(columnMatrix(d), 1e20, d.lb.data(), d.ub.data(), d.obj().data(), integer.data(),
-                rowLo.data(), rowUp.data(), colPtr.data(), rowPtr.data());
+  io.setMpsData(columnMatrix(d), KLO_INFINITY, d.lb.data(), d.ub.data(), d.obj().data(),
+                integer.data(), rowLo.data(), rowUp.data(), colPtr.data(), rowPtr.data());
   io.copyInIntegerInformation(integer.data());
   io.setProblemName(problemName(d.name).c_str());
   io.setObjectiveOffset(-d.objectives[0].constant);

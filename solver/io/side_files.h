@@ -1,7 +1,6 @@
 // The small files that go with a model: start values (".mst"), solutions
 // (".sol", written only) and bases (".bas", the MPS basis format).
-#ifndef KLO_SOLVER_IO_SIDE_FILES_H
-#define KLO_SOLVER_IO_SIDE_FILES_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -30,5 +29,3 @@ Basis readBasisFile(const std::string& path, const ModelData& d);
 void writeBasisFile(const std::string& path, const ModelData& d, const Basis& b);
 
 }  // namespace klo
-
-#endif

@@ -1,7 +1,6 @@
 // Whole-file text input and output, gzip-compressed when the name ends in
 // ".gz" (reading detects compression by content).
-#ifndef KLO_SOLVER_IO_TEXT_FILE_H
-#define KLO_SOLVER_IO_TEXT_FILE_H
+#pragma once
 
 #include <string>
 
@@ -28,5 +27,3 @@ class TempPath {
 };
 
 }  // namespace klo
-
-#endif

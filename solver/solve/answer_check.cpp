@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/problem_eval.h"
+#include "klo_c.h"
 
 namespace klo {
 namespace {
@@ -16,7 +17,9 @@ struct Position {
 };
 
 Position positionOf(double v, double lo, double up, double tol) {
-  auto near = [tol](double a, double b) { return std::fabs(a - b) <= tol * std::max(1.0, std::fabs(b)); };
+  auto near = [tol](double a, double b) {
+    return std::fabs(a - b) <= tol * std::max(1.0, std::fabs(b));
+  };
   return Position{lo > -KLO_INFINITY && near(v, lo), up < KLO_INFINITY && near(v, up)};
 }
 

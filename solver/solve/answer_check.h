@@ -1,8 +1,7 @@
 // The answer check: every answer is measured in the terms of the problem
 // the engine was given (the model's own columns and rows first, unscaled,
 // after the engine's presolve was undone) before it may be called optimal.
-#ifndef KLO_SOLVER_SOLVE_ANSWER_CHECK_H
-#define KLO_SOLVER_SOLVE_ANSWER_CHECK_H
+#pragma once
 
 #include "engine/problem.h"
 #include "engine/result.h"
@@ -26,5 +25,3 @@ void measureAnswer(const engine::Problem& p, engine::Result& r);
 bool passesCheck(const engine::Result& r, const engine::Settings& s);
 
 }  // namespace klo
-
-#endif

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/log.h"
+#include "klo_c.h"
 #include "solve/answer_check.h"
 #include "solve/chooser.h"
 
@@ -105,8 +106,8 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
   engine::Result r = e->solve(p, s, cb);
   measureAnswer(p, r);
   if (r.status != KLO_STATUS_OPTIMAL || passesCheck(r, s)) return r;
-  engine::logLine(s, std::string("Answer check failed (") + figures(r.violations) +
-                         "): cleaning up");
+  engine::logLine(s,
+                  std::string("Answer check failed (") + figures(r.violations) + "): cleaning up");
   return CleanUp(p, s, cb, *e, started).run(std::move(r));
 }
 

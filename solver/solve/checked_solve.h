@@ -1,8 +1,7 @@
 // The one way the library runs an engine: the chooser picks it, it solves,
 // the answer is measured (solve/answer_check.h), and an answer that claims
 // to be optimal but fails the check is cleaned up.
-#ifndef KLO_SOLVER_SOLVE_CHECKED_SOLVE_H
-#define KLO_SOLVER_SOLVE_CHECKED_SOLVE_H
+#pragma once
 
 #include <vector>
 
@@ -22,5 +21,3 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
                             const std::vector<engine::EngineEntry>& from = engine::engines());
 
 }  // namespace klo
-
-#endif

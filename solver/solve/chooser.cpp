@@ -66,8 +66,7 @@ const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* wh
   for (const engine::EngineEntry& e : from)
     if (e.caps.takes(wanted)) return e;
   const unsigned missing = untaken(wanted, from);
-  const std::string features =
-      missing ? featureList(lowestBit(missing)) : featureList(wanted);
+  const std::string features = missing ? featureList(lowestBit(missing)) : featureList(wanted);
   fail(KLO_ERROR_NOT_SUPPORTED, std::string(what) + ": the model has " + features +
                                     ", which no engine of this library solves");
 }
@@ -81,8 +80,8 @@ void logUnusedParameters(const engine::EngineEntry& e, const engine::Settings& s
     bool used = false;
     for (const char* honoured : e.caps.parameters) used = used || name == honoured;
     if (!used)
-      engine::logLine(s, std::string(e.name) + " does not use parameter \"" + name +
-                             "\" (set to " + value + ")");
+      engine::logLine(s, std::string(e.name) + " does not use parameter \"" + name + "\" (set to " +
+                             value + ")");
   }
 }
 

@@ -1,8 +1,7 @@
 // Which engine solves a problem: the model's class from its features, and
 // the first engine whose declaration takes them.  Every solve path
 // (KLOoptimize, objective passes, IIS, feasibility relaxation) asks here.
-#ifndef KLO_SOLVER_SOLVE_CHOOSER_H
-#define KLO_SOLVER_SOLVE_CHOOSER_H
+#pragma once
 
 #include <vector>
 
@@ -38,5 +37,3 @@ const engine::EngineEntry& chooseEngine(const engine::Problem& p, const char* wh
 void logUnusedParameters(const engine::EngineEntry& e, const engine::Settings& s);
 
 }  // namespace klo
-
-#endif

@@ -6,14 +6,15 @@
 
 #include "common/error.h"
 #include "engine/problem_eval.h"
+#include "klo_c.h"
+#include "solve/checked_solve.h"
+#include "solve/chooser.h"
 #include "solve/optimize.h"
 #include "solve/problem_from_model.h"
 #include "solve/relaxation_problem.h"
 #include "solve/settings_from_params.h"
 #include "solve/store_result.h"
 #include "solve/trim_result.h"
-#include "solve/checked_solve.h"
-#include "solve/chooser.h"
 
 namespace klo {
 namespace {
@@ -22,8 +23,8 @@ void checkPenalties(const double* pen, int n, const char* what) {
   if (!pen) return;
   for (int k = 0; k < n; ++k)
     if (std::isnan(pen[k]) || pen[k] < 0)
-      fail(KLO_ERROR_INVALID_ARGUMENT, std::string("KLOfeasrelax: ") + what + "[" +
-                                           std::to_string(k) + "] is negative or NaN");
+      fail(KLO_ERROR_INVALID_ARGUMENT,
+           std::string("KLOfeasrelax: ") + what + "[" + std::to_string(k) + "] is negative or NaN");
 }
 
 void checkRequest(const ModelData& d, const FeasRelaxRequest& req) {

@@ -2,15 +2,14 @@
 // rows, then optionally the model's objective among the least violated
 // points.  The model itself is not changed; the relaxed point becomes its
 // solution.
-#ifndef KLO_SOLVER_SOLVE_FEAS_RELAX_H
-#define KLO_SOLVER_SOLVE_FEAS_RELAX_H
+#pragma once
 
 #include "store/model.h"
 
 namespace klo {
 
 struct FeasRelaxRequest {
-  int objType = 0;       // 0 weighted sum, 1 weighted squares, 2 weighted count
+  int objType = 0;        // 0 weighted sum, 1 weighted squares, 2 weighted count
   bool minRelax = false;  // then optimise the model's objective 0
   // Penalties per variable bound and per row (null, or >= KLO_INFINITY:
   // may not be relaxed).
@@ -27,5 +26,3 @@ struct FeasRelaxRequest {
 double feasRelax(KLOmodel& m, const FeasRelaxRequest& req);
 
 }  // namespace klo
-
-#endif

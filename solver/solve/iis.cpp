@@ -6,11 +6,12 @@
 
 #include "common/error.h"
 #include "common/status_text.h"
+#include "klo_c.h"
+#include "solve/checked_solve.h"
+#include "solve/chooser.h"
 #include "solve/optimize.h"
 #include "solve/problem_from_model.h"
 #include "solve/settings_from_params.h"
-#include "solve/checked_solve.h"
-#include "solve/chooser.h"
 
 namespace klo {
 namespace {
@@ -96,7 +97,8 @@ class IisSearch {
     if (ray_.empty() || p_.isMip()) return all;
     std::vector<double> combined(p_.numCols(), 0.0);
     for (int i = 0; i < p_.numRows(); ++i)
-      for (int k = p_.start[i]; k < p_.start[i + 1]; ++k) combined[p_.index[k]] += ray_[i] * p_.value[k];
+      for (int k = p_.start[i]; k < p_.start[i + 1]; ++k)
+        combined[p_.index[k]] += ray_[i] * p_.value[k];
     std::vector<Bound> used, unused;
     for (const Bound& b : all) {
       const double w = b.row ? ray_[b.index] : -combined[b.index];

@@ -1,7 +1,6 @@
 // An irreducible infeasible subsystem: a set of row and variable bounds
 // that cannot all hold, every one of which is needed for that.
-#ifndef KLO_SOLVER_SOLVE_IIS_H
-#define KLO_SOLVER_SOLVE_IIS_H
+#pragma once
 
 #include "store/model.h"
 
@@ -18,5 +17,3 @@ namespace klo {
 void computeIis(KLOmodel& m);
 
 }  // namespace klo
-
-#endif

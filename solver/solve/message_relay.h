@@ -1,6 +1,5 @@
 // Log lines of a solve as KLO_CB_MESSAGE callbacks.
-#ifndef KLO_SOLVER_SOLVE_MESSAGE_RELAY_H
-#define KLO_SOLVER_SOLVE_MESSAGE_RELAY_H
+#pragma once
 
 #include "engine/callback_context.h"
 #include "engine/settings.h"
@@ -18,5 +17,3 @@ void relayMessages(const ModelData& d, bool outputOn, engine::Settings& s,
                    engine::Callback& callback);
 
 }  // namespace klo
-
-#endif

@@ -1,8 +1,7 @@
 // Models with several objectives, solved hierarchically: objectives of
 // higher priority first; objectives of equal priority blended by weight;
 // each pass keeps the earlier passes' objectives within their tolerances.
-#ifndef KLO_SOLVER_SOLVE_OBJECTIVES_H
-#define KLO_SOLVER_SOLVE_OBJECTIVES_H
+#pragma once
 
 #include "engine/callback_context.h"
 #include "engine/problem.h"
@@ -20,5 +19,3 @@ engine::Result solveObjectives(const engine::Problem& base, const ModelData& d,
                                const engine::Settings& settings, const engine::Callback& cb);
 
 }  // namespace klo
-
-#endif

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common/error.h"
+#include "klo_c.h"
 #include "solve/checked_solve.h"
 #include "solve/chooser.h"
 #include "solve/message_relay.h"
@@ -21,7 +22,8 @@ namespace klo {
 
 BusyModel::BusyModel(KLOmodel& m, const char* what) : m_(m) {
   if (m.busy)
-    fail(KLO_ERROR_BUSY, std::string(what) + ": the model is being solved (called from its own callback)");
+    fail(KLO_ERROR_BUSY,
+         std::string(what) + ": the model is being solved (called from its own callback)");
   m.busy = true;
 }
 

@@ -1,7 +1,6 @@
 // KLOoptimize's work: refuse what no engine solves, build the engine's
 // problem and settings from the model, solve, write the results back.
-#ifndef KLO_SOLVER_SOLVE_OPTIMIZE_H
-#define KLO_SOLVER_SOLVE_OPTIMIZE_H
+#pragma once
 
 #include "store/model.h"
 
@@ -26,5 +25,3 @@ class BusyModel {
 };
 
 }  // namespace klo
-
-#endif

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "klo_c.h"
+
 namespace klo {
 namespace {
 

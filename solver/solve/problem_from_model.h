@@ -2,8 +2,7 @@
 // bounds, types, objective 0 with its constant, quadratic terms and sense,
 // quadratic rows, PSD variables and terms, SOS sets, indicator rows, the
 // MIP start and the basis to start from.
-#ifndef KLO_SOLVER_SOLVE_PROBLEM_FROM_MODEL_H
-#define KLO_SOLVER_SOLVE_PROBLEM_FROM_MODEL_H
+#pragma once
 
 #include <utility>
 #include <vector>
@@ -26,5 +25,3 @@ void appendSparseRow(engine::Problem& p, const std::vector<std::pair<int, double
                      double lower, double upper);
 
 }  // namespace klo
-
-#endif

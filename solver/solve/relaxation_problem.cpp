@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <map>
 
+#include "klo_c.h"
+
 namespace klo {
 namespace {
 
@@ -68,8 +70,8 @@ engine::Problem RelaxationProblem::build(int objType, double bigM) const {
       continue;
     }
     boundRows[v.col].emplace_back(col, v.sign);
-    (v.sign > 0 ? p.colLower[v.col] : p.colUpper[v.col]) = v.sign > 0 ? -KLO_INFINITY
-                                                                        : KLO_INFINITY;
+    (v.sign > 0 ? p.colLower[v.col] : p.colUpper[v.col]) =
+        v.sign > 0 ? -KLO_INFINITY : KLO_INFINITY;
     if (p.colType[v.col] == 'B') p.colType[v.col] = 'I';  // 'B' would keep [0, 1]
   }
   for (int i = 0; i < b.numRows(); ++i) {
@@ -82,8 +84,7 @@ engine::Problem RelaxationProblem::build(int objType, double bigM) const {
     Entries e{{j, 1.0}};
     e.insert(e.end(), extra.begin(), extra.end());
     const bool lower = p.colLower[j] != b.colLower[j], upper = p.colUpper[j] != b.colUpper[j];
-    appendRow(p, e, lower ? b.colLower[j] : -KLO_INFINITY,
-              upper ? b.colUpper[j] : KLO_INFINITY);
+    appendRow(p, e, lower ? b.colLower[j] : -KLO_INFINITY, upper ? b.colUpper[j] : KLO_INFINITY);
   }
   if (objType != 2) return p;
   for (std::size_t k = 0; k < violations_.size(); ++k) {

@@ -1,8 +1,7 @@
 // An engine problem with violation columns: a bound or row that may be
 // violated gets a column measuring by how much, so that the violations can
 // be priced in the objective.
-#ifndef KLO_SOLVER_SOLVE_RELAXATION_PROBLEM_H
-#define KLO_SOLVER_SOLVE_RELAXATION_PROBLEM_H
+#pragma once
 
 #include <utility>
 #include <vector>
@@ -31,9 +30,9 @@ class RelaxationProblem {
 
  private:
   struct Violation {
-    int row;       // row of the base it enters, or -1 for a column bound
-    int col;       // column whose bound it relaxes (row == -1)
-    double sign;   // +1 raises the activity (lower bound), -1 lowers it
+    int row;      // row of the base it enters, or -1 for a column bound
+    int col;      // column whose bound it relaxes (row == -1)
+    double sign;  // +1 raises the activity (lower bound), -1 lowers it
     double penalty;
   };
   const engine::Problem& base_;
@@ -41,5 +40,3 @@ class RelaxationProblem {
 };
 
 }  // namespace klo
-
-#endif

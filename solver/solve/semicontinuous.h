@@ -6,8 +6,7 @@
 //     x - a z >= 0,    x - b z <= 0
 // and x's bounds become [min(a, 0), max(b, 0)]: z = 0 forces x = 0, z = 1
 // keeps x in [a, b]. An infinite a or b is taken as -bigM or bigM.
-#ifndef KLO_SOLVER_SOLVE_SEMICONTINUOUS_H
-#define KLO_SOLVER_SOLVE_SEMICONTINUOUS_H
+#pragma once
 
 #include <vector>
 
@@ -34,5 +33,3 @@ engine::Callback withoutSwitches(engine::Callback cb, std::vector<Switch> switch
                                  const ModelData& d);
 
 }  // namespace klo
-
-#endif

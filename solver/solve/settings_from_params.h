@@ -1,7 +1,6 @@
 // Engine settings from the parameters of a model's environment, with the
 // engine log written through the environment's log.
-#ifndef KLO_SOLVER_SOLVE_SETTINGS_FROM_PARAMS_H
-#define KLO_SOLVER_SOLVE_SETTINGS_FROM_PARAMS_H
+#pragma once
 
 #include "engine/settings.h"
 #include "env/environment.h"
@@ -13,5 +12,3 @@ namespace klo {
 engine::Settings settingsFromParams(KLOenv& env);
 
 }  // namespace klo
-
-#endif

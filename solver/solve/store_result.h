@@ -1,7 +1,6 @@
 // Writing a solve's outcome into the model, where the result attributes
 // read it.
-#ifndef KLO_SOLVER_SOLVE_STORE_RESULT_H
-#define KLO_SOLVER_SOLVE_STORE_RESULT_H
+#pragma once
 
 #include "engine/result.h"
 #include "store/model.h"
@@ -15,5 +14,3 @@ namespace klo {
 void storeResult(KLOmodel& m, engine::Result r, double seconds);
 
 }  // namespace klo
-
-#endif

@@ -1,7 +1,6 @@
 // Results of a problem with extra columns or rows (analyses, objective
 // passes), cut back to the model's own.
-#ifndef KLO_SOLVER_SOLVE_TRIM_RESULT_H
-#define KLO_SOLVER_SOLVE_TRIM_RESULT_H
+#pragma once
 
 #include <cstddef>
 
@@ -14,5 +13,3 @@ namespace klo {
 void trimResult(engine::Result& r, std::size_t cols, std::size_t rows);
 
 }  // namespace klo
-
-#endif

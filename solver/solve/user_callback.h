@@ -1,8 +1,7 @@
 // The bridge between the engines' callbacks and the user's KLOcallbackfn:
 // the engine's CallbackContext is the cbdata the user's function receives
 // and hands back to KLOcbget and the other KLOcb... functions.
-#ifndef KLO_SOLVER_SOLVE_USER_CALLBACK_H
-#define KLO_SOLVER_SOLVE_USER_CALLBACK_H
+#pragma once
 
 #include "engine/callback_context.h"
 #include "store/model.h"
@@ -18,5 +17,3 @@ engine::Callback userCallback(KLOmodel& m);
 engine::CallbackContext* runningContext(void* cbdata);
 
 }  // namespace klo
-
-#endif

@@ -11,52 +11,34 @@ namespace klo {
 
 int countOf(const ModelData& d, Kind k) {
   switch (k) {
-    case Kind::Var:
-      return d.numVars();
-    case Kind::Row:
-      return d.numRows();
-    case Kind::PsdVar:
-      return static_cast<int>(d.psdVars.size());
-    case Kind::Sos:
-      return static_cast<int>(d.sos.size());
-    case Kind::GenConstr:
-      return static_cast<int>(d.indicators.size());
-    default:
-      return static_cast<int>(d.objectives.size());
+    case Kind::Var: return d.numVars();
+    case Kind::Row: return d.numRows();
+    case Kind::PsdVar: return static_cast<int>(d.psdVars.size());
+    case Kind::Sos: return static_cast<int>(d.sos.size());
+    case Kind::GenConstr: return static_cast<int>(d.indicators.size());
+    default: return static_cast<int>(d.objectives.size());
   }
 }
 
 const char* kindName(Kind k) {
   switch (k) {
-    case Kind::Var:
-      return "Variable";
-    case Kind::Row:
-      return "Constraint";
-    case Kind::PsdVar:
-      return "PSD variable";
-    case Kind::Sos:
-      return "SOS";
-    case Kind::GenConstr:
-      return "General constraint";
-    default:
-      return "Objective";
+    case Kind::Var: return "Variable";
+    case Kind::Row: return "Constraint";
+    case Kind::PsdVar: return "PSD variable";
+    case Kind::Sos: return "SOS";
+    case Kind::GenConstr: return "General constraint";
+    default: return "Objective";
   }
 }
 
 int invalidIndexCode(Kind k) {
   switch (k) {
-    case Kind::Var:
-      return KLO_ERROR_INVALID_VAR;
-    case Kind::Row:
-      return KLO_ERROR_INVALID_CONSTR;
-    case Kind::PsdVar:
-      return KLO_ERROR_INVALID_PSDVAR;
-    case Kind::Sos:
-      return KLO_ERROR_INVALID_SOS;
-    case Kind::GenConstr:
-      return KLO_ERROR_INVALID_GENCONSTR;
-    default:
-      return KLO_ERROR_INVALID_OBJECTIVE;
+    case Kind::Var: return KLO_ERROR_INVALID_VAR;
+    case Kind::Row: return KLO_ERROR_INVALID_CONSTR;
+    case Kind::PsdVar: return KLO_ERROR_INVALID_PSDVAR;
+    case Kind::Sos: return KLO_ERROR_INVALID_SOS;
+    case Kind::GenConstr: return KLO_ERROR_INVALID_GENCONSTR;
+    default: return KLO_ERROR_INVALID_OBJECTIVE;
   }
 }
 
@@ -99,8 +81,8 @@ void checkVarType(char t) {
 }
 
 double normBound(double v) {
-  if (v >= 1e20) return 1e20;
-  if (v <= -1e20) return -1e20;
+  if (v >= KLO_INFINITY) return KLO_INFINITY;
+  if (v <= -KLO_INFINITY) return -KLO_INFINITY;
   return v;
 }
 
@@ -110,15 +92,9 @@ void senseToBounds(char sense, double rhs, double& lower, double& upper) {
   checkBound(rhs, "Right-hand side");
   rhs = normBound(rhs);
   switch (normSense(sense)) {
-    case '>':
-      lower = rhs, upper = 1e20;
-      break;
-    case '=':
-      lower = upper = rhs;
-      break;
-    default:
-      lower = -1e20, upper = rhs;
-      break;
+    case '>': lower = rhs, upper = KLO_INFINITY; break;
+    case '=': lower = upper = rhs; break;
+    default: lower = -KLO_INFINITY, upper = rhs; break;
   }
 }
 

@@ -1,8 +1,7 @@
 // Argument checks shared by the store's operations.  Each throws a
 // klo::Error with the matching KLO_ERROR_... code and a detail naming the
 // offending argument, index or value.
-#ifndef KLO_SOLVER_STORE_CHECKS_H
-#define KLO_SOLVER_STORE_CHECKS_H
+#pragma once
 
 #include "store/model_data.h"
 
@@ -32,5 +31,3 @@ char normSense(char s);
 void senseToBounds(char sense, double rhs, double& lower, double& upper);
 
 }  // namespace klo
-
-#endif

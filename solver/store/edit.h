@@ -2,8 +2,7 @@
 // arguments before it changes anything (throwing klo::Error), so that a
 // failed call leaves the model as it was.  Array arguments follow klo_c.h:
 // bulk forms take begin offsets into shared index/value arrays.
-#ifndef KLO_SOLVER_STORE_EDIT_H
-#define KLO_SOLVER_STORE_EDIT_H
+#pragma once
 
 #include <vector>
 
@@ -90,5 +89,3 @@ void setObjective(ModelData& d, const ObjectiveSpec& s);
 void checkIndices(const ModelData& d, Kind kind, int n, const int* ind);
 
 }  // namespace klo
-
-#endif

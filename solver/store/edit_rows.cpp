@@ -17,7 +17,7 @@ void addRows(ModelData& d, const Bulk& rows, const double* lower, const double* 
     int lo = rows.first(k);
     made[k].lin = makeSparse(rows.end(k) - lo, rows.ind + lo, rows.val + lo, d.numVars());
     // Null bound arrays leave that side of every row unbounded.
-    const double lo_k = lower ? lower[k] : -1e20, up_k = upper ? upper[k] : 1e20;
+    const double lo_k = lower ? lower[k] : -KLO_INFINITY, up_k = upper ? upper[k] : KLO_INFINITY;
     checkBound(lo_k, "Row lower bound");
     checkBound(up_k, "Row upper bound");
     made[k].lower = normBound(lo_k);

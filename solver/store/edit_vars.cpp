@@ -32,7 +32,7 @@ void addVars(ModelData& d, const NewVars& v) {
     char t = v.type ? v.type[k] : 'C';
     d.type.push_back(t);
     d.lb.push_back(clipBound(t, false, v.lb ? v.lb[k] : 0.0));
-    d.ub.push_back(clipBound(t, true, v.ub ? v.ub[k] : 1e20));
+    d.ub.push_back(clipBound(t, true, v.ub ? v.ub[k] : KLO_INFINITY));
     d.start.push_back(KLO_UNDEFINED);
     d.varNames.append(v.names && v.names[k] ? v.names[k] : "");
     for (Objective& o : d.objectives) o.coef.push_back(0.0);

@@ -1,7 +1,6 @@
 // The model behind the opaque KLOmodel: its own environment, the data, the
 // results of the last solve and the environments of its objectives.
-#ifndef KLO_SOLVER_STORE_MODEL_H
-#define KLO_SOLVER_STORE_MODEL_H
+#pragma once
 
 #include <map>
 #include <memory>
@@ -45,5 +44,3 @@ struct KLOmodel {
  private:
   mutable std::unique_ptr<klo::ColumnView> columns_;
 };
-
-#endif

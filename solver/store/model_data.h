@@ -11,14 +11,14 @@
 //    sorted, merged; an off-diagonal entry stands for itself and its mirror;
 //  - objectives[0] is the model's objective ("Obj", "ObjCon"); further
 //    entries exist only in multi-objective models.
-#ifndef KLO_SOLVER_STORE_MODEL_DATA_H
-#define KLO_SOLVER_STORE_MODEL_DATA_H
+#pragma once
 
 #include <cstring>
 #include <string>
 #include <vector>
 
 #include "common/deep_ptr.h"
+#include "klo_c.h"
 #include "store/name_table.h"
 
 namespace klo {
@@ -56,8 +56,8 @@ struct RowNonlinear {
 
 // lower <= lin.x + quadratic + PSD terms <= upper (+-1e20: no bound).
 struct Row {
-  double lower = -1e20;
-  double upper = 1e20;
+  double lower = -KLO_INFINITY;
+  double upper = KLO_INFINITY;
   SparseVec lin;
   DeepPtr<RowNonlinear> nl;
   bool hasQuad() const { return nl && nl->quad.size() > 0; }
@@ -136,5 +136,3 @@ struct ModelData {
 };
 
 }  // namespace klo
-
-#endif

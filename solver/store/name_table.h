@@ -3,8 +3,7 @@
 // later elements) or a rename that hid an entry; other changes keep it up
 // to date.  Empty names are allowed and are never found.  With duplicate
 // names the lowest index wins.
-#ifndef KLO_SOLVER_STORE_NAME_TABLE_H
-#define KLO_SOLVER_STORE_NAME_TABLE_H
+#pragma once
 
 #include <string>
 #include <unordered_map>
@@ -35,5 +34,3 @@ class NameTable {
 };
 
 }  // namespace klo
-
-#endif

@@ -1,6 +1,5 @@
 // The continuous relaxation of a model.
-#ifndef KLO_SOLVER_STORE_RELAX_H
-#define KLO_SOLVER_STORE_RELAX_H
+#pragma once
 
 #include "store/model_data.h"
 
@@ -12,5 +11,3 @@ namespace klo {
 void relax(ModelData& d);
 
 }  // namespace klo
-
-#endif

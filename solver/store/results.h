@@ -1,8 +1,7 @@
 // What the last solve or analysis left in a model, read through the result
 // attributes.  The solve pipeline fills it; every change to the model
 // discards it.
-#ifndef KLO_SOLVER_STORE_RESULTS_H
-#define KLO_SOLVER_STORE_RESULTS_H
+#pragma once
 
 #include <vector>
 
@@ -50,5 +49,3 @@ struct Results {
 };
 
 }  // namespace klo
-
-#endif

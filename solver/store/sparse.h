@@ -1,8 +1,7 @@
 // Building and renumbering the sparse pieces of a model (linear rows,
 // quadratic terms, symmetric matrices) in their normal form: sorted,
 // duplicates summed, zeros dropped.
-#ifndef KLO_SOLVER_STORE_SPARSE_H
-#define KLO_SOLVER_STORE_SPARSE_H
+#pragma once
 
 #include <vector>
 
@@ -50,5 +49,3 @@ void retain(std::vector<T>& v, const std::vector<bool>& keep) {
 }
 
 }  // namespace klo
-
-#endif

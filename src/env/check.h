@@ -10,14 +10,14 @@ namespace klo_detail {
 
 // A library call's status: anything but 0 is a failure.
 inline void check(int status) {
-    if (status != 0) raise(status);
+  if (status != 0) raise(status);
 }
 
 // Submissions from inside a callback (solutions, cuts, branches): positive
 // statuses are refusals the caller may inspect, only negative ones fail.
 inline int checkSubmission(int status) {
-    if (status < 0) raise(status);
-    return status;
+  if (status < 0) raise(status);
+  return status;
 }
 
 }  // namespace klo_detail

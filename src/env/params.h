@@ -21,8 +21,8 @@ void setParam(void* env, KLO_StringParam param, const std::string& value);
 
 // How a by-name setting reuses its text stream for the double attempt.
 enum class Retry {
-    Rewind,  // back to the start: the environment's way
-    Append,  // the text again behind the first copy, read on: the model's way
+  Rewind,  // back to the start: the environment's way
+  Append,  // the text again behind the first copy, read on: the model's way
 };
 
 // Sets a parameter of unknown type from text: as an integer, then as a

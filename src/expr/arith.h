@@ -8,33 +8,33 @@ namespace klo_detail {
 // operators on expressions.
 template <class E, class R>
 E plus(const E& a, const R& b) {
-    E result(a);
-    result += b;
-    return result;
+  E result(a);
+  result += b;
+  return result;
 }
 
 template <class E, class R>
 E minus(const E& a, const R& b) {
-    E result(a);
-    result -= b;
-    return result;
+  E result(a);
+  result -= b;
+  return result;
 }
 
 // Scaling by the scalar 0.0 empties the expression; *= would keep the
 // terms with zero coefficients.
 template <class E>
 E times(const E& a, double d) {
-    if (d == 0.0) return E(0.0);
-    E result(a);
-    result *= d;
-    return result;
+  if (d == 0.0) return E(0.0);
+  E result(a);
+  result *= d;
+  return result;
 }
 
 template <class E>
 E divided(const E& a, double d) {
-    E result(a);
-    result /= d;
-    return result;
+  E result(a);
+  result /= d;
+  return result;
 }
 
 }  // namespace klo_detail

@@ -9,8 +9,8 @@ KLOLinExpr::KLOLinExpr(double constant)
       vars_(std::make_unique<Vec<KLOVar>>()) {}
 
 KLOLinExpr::KLOLinExpr(KLOVar var, double coeff) : KLOLinExpr(0.0) {
-    coeffs_->push_back(coeff);
-    vars_->push_back(var);
+  coeffs_->push_back(coeff);
+  vars_->push_back(var);
 }
 
 KLOLinExpr::KLOLinExpr(const KLOLinExpr& e)
@@ -21,10 +21,10 @@ KLOLinExpr::KLOLinExpr(const KLOLinExpr& e)
 KLOLinExpr::~KLOLinExpr() = default;
 
 KLOLinExpr& KLOLinExpr::operator=(const KLOLinExpr& e) {
-    constant_ = e.constant_;
-    *coeffs_ = *e.coeffs_;
-    *vars_ = *e.vars_;
-    return *this;
+  constant_ = e.constant_;
+  *coeffs_ = *e.coeffs_;
+  *vars_ = *e.vars_;
+  return *this;
 }
 
 int KLOLinExpr::size() const { return coeffs_->size(); }
@@ -38,35 +38,35 @@ double KLOLinExpr::getConstant() const { return constant_; }
 void KLOLinExpr::addConstant(double c) { constant_ += c; }
 
 double KLOLinExpr::getValue() const {
-    double value = constant_;
-    for (int i = 0; i < size(); ++i) value += (*coeffs_)[i] * (*vars_)[i].get(KLO_DoubleAttr_X);
-    return value;
+  double value = constant_;
+  for (int i = 0; i < size(); ++i) value += (*coeffs_)[i] * (*vars_)[i].get(KLO_DoubleAttr_X);
+  return value;
 }
 
 void KLOLinExpr::addTerms(const double* coeffs, const KLOVar* vars, int count) {
-    for (int i = 0; i < count; ++i) {
-        if (coeffs[i] != 0.0) appendTerm(coeffs[i], vars[i]);
-    }
+  for (int i = 0; i < count; ++i) {
+    if (coeffs[i] != 0.0) appendTerm(coeffs[i], vars[i]);
+  }
 }
 
 void KLOLinExpr::append(const KLOLinExpr& e, double sign) {
-    if (&e == this) {
-        // Appending to itself would chase its own end: work from a snapshot.
-        const KLOLinExpr snapshot(e);
-        append(snapshot, sign);
-        return;
-    }
-    constant_ += sign * e.constant_;
-    // Element access would privatise e's buffers on the first read and read
-    // them directly after that: do it once and walk them.
-    e.coeffs_->copyOnWrite();
-    e.vars_->copyOnWrite();
-    const std::vector<double>& coeffs = *e.coeffs_->vec;
-    const std::vector<KLOVar>& vars = *e.vars_->vec;
-    for (std::size_t i = 0; i < coeffs.size(); ++i) {
-        coeffs_->push_back(sign * coeffs[i]);
-        vars_->push_back(vars[i]);
-    }
+  if (&e == this) {
+    // Appending to itself would chase its own end: work from a snapshot.
+    const KLOLinExpr snapshot(e);
+    append(snapshot, sign);
+    return;
+  }
+  constant_ += sign * e.constant_;
+  // Element access would privatise e's buffers on the first read and read
+  // them directly after that: do it once and walk them.
+  e.coeffs_->copyOnWrite();
+  e.vars_->copyOnWrite();
+  const std::vector<double>& coeffs = *e.coeffs_->vec;
+  const std::vector<KLOVar>& vars = *e.vars_->vec;
+  for (std::size_t i = 0; i < coeffs.size(); ++i) {
+    coeffs_->push_back(sign * coeffs[i]);
+    vars_->push_back(vars[i]);
+  }
 }
 
 void KLOLinExpr::operator+=(const KLOLinExpr& e) { append(e, 1.0); }
@@ -80,20 +80,20 @@ void KLOLinExpr::operator+=(const KLOVar& x) { appendTerm(1.0, x); }
 void KLOLinExpr::operator-=(const KLOVar& x) { appendTerm(-1.0, x); }
 
 void KLOLinExpr::appendTerm(double coeff, const KLOVar& var) {
-    coeffs_->push_back(coeff);
-    vars_->push_back(var);
+  coeffs_->push_back(coeff);
+  vars_->push_back(var);
 }
 
 void KLOLinExpr::operator*=(double d) {
-    constant_ *= d;
-    coeffs_->copyOnWrite();
-    for (double& c : *coeffs_->vec) c *= d;
+  constant_ *= d;
+  coeffs_->copyOnWrite();
+  for (double& c : *coeffs_->vec) c *= d;
 }
 
 void KLOLinExpr::operator/=(double d) {
-    constant_ /= d;
-    coeffs_->copyOnWrite();
-    for (double& c : *coeffs_->vec) c /= d;
+  constant_ /= d;
+  coeffs_->copyOnWrite();
+  for (double& c : *coeffs_->vec) c /= d;
 }
 
 KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) { return ::operator+(*this, e); }
@@ -101,31 +101,31 @@ KLOLinExpr KLOLinExpr::operator+(const KLOLinExpr& e) { return ::operator+(*this
 KLOLinExpr KLOLinExpr::operator-(const KLOLinExpr& e) { return ::operator-(*this, e); }
 
 KLOLinExpr KLOLinExpr::operator+(const KLOVar& x) {
-    KLOLinExpr sum(*this);
-    sum += x;
-    return sum;
+  KLOLinExpr sum(*this);
+  sum += x;
+  return sum;
 }
 
 KLOLinExpr KLOLinExpr::operator-(const KLOVar& x) {
-    KLOLinExpr difference(*this);
-    difference -= x;
-    return difference;
+  KLOLinExpr difference(*this);
+  difference -= x;
+  return difference;
 }
 
 void KLOLinExpr::remove(int i) {
-    vars_->remove(i);
-    coeffs_->remove(i);
+  vars_->remove(i);
+  coeffs_->remove(i);
 }
 
 void KLOLinExpr::remove(KLOVar v) {
-    coeffs_->copyOnWrite();
-    vars_->copyOnWrite();
-    const std::size_t kept = klo_detail::removeHandle(*coeffs_->vec, *vars_->vec, v);
-    coeffs_->n = vars_->n = static_cast<std::int32_t>(kept);
+  coeffs_->copyOnWrite();
+  vars_->copyOnWrite();
+  const std::size_t kept = klo_detail::removeHandle(*coeffs_->vec, *vars_->vec, v);
+  coeffs_->n = vars_->n = static_cast<std::int32_t>(kept);
 }
 
 void KLOLinExpr::clear() {
-    constant_ = 0.0;
-    coeffs_->clear();
-    vars_->clear();
+  constant_ = 0.0;
+  coeffs_->clear();
+  vars_->clear();
 }

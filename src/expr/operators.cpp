@@ -9,25 +9,25 @@ using klo_detail::plus;
 using klo_detail::times;
 
 KLOLinExpr operator+(KLOVar x, KLOVar y) {
-    KLOLinExpr sum;
-    const double one = 1.0;
-    sum.addTerms(&one, &x, 1);
-    sum.addTerms(&one, &y, 1);
-    return sum;
+  KLOLinExpr sum;
+  const double one = 1.0;
+  sum.addTerms(&one, &x, 1);
+  sum.addTerms(&one, &y, 1);
+  return sum;
 }
 
 KLOLinExpr operator-(KLOVar x, KLOVar y) {
-    static const double coeffs[2] = {1.0, -1.0};
-    const KLOVar vars[2] = {x, y};
-    KLOLinExpr difference;
-    difference.addTerms(coeffs, vars, 2);
-    return difference;
+  static const double coeffs[2] = {1.0, -1.0};
+  const KLOVar vars[2] = {x, y};
+  KLOLinExpr difference;
+  difference.addTerms(coeffs, vars, 2);
+  return difference;
 }
 
 KLOLinExpr operator+(KLOVar x, double c) {
-    KLOLinExpr sum(c);
-    sum += x;
-    return sum;
+  KLOLinExpr sum(c);
+  sum += x;
+  return sum;
 }
 
 KLOLinExpr operator+(double c, KLOVar x) { return x + c; }
@@ -59,48 +59,48 @@ KLOLinExpr operator*(double d, const KLOLinExpr& a) { return a * d; }
 KLOLinExpr operator/(const KLOLinExpr& a, double d) { return divided(a, d); }
 
 KLOQuadExpr operator*(KLOVar x, KLOVar y) {
-    KLOQuadExpr product;
-    product.addTerm(1.0, x, y);
-    return product;
+  KLOQuadExpr product;
+  product.addTerm(1.0, x, y);
+  return product;
 }
 
 KLOQuadExpr operator*(KLOVar x, const KLOLinExpr& e) {
-    KLOQuadExpr product;
-    for (int i = 0; i < e.size(); ++i) product.appendTerm(e.getCoeff(i), x, e.getVar(i));
-    if (e.getConstant() != 0.0) product.addTerm(e.getConstant(), x);
-    return product;
+  KLOQuadExpr product;
+  for (int i = 0; i < e.size(); ++i) product.appendTerm(e.getCoeff(i), x, e.getVar(i));
+  if (e.getConstant() != 0.0) product.addTerm(e.getConstant(), x);
+  return product;
 }
 
 KLOQuadExpr operator*(const KLOLinExpr& e, KLOVar x) { return x * e; }
 
 KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b) {
-    KLOQuadExpr product;
-    // Read each operand's terms once (element access would privatise and
-    // check on every read).
-    std::vector<double> ac, bc;
-    std::vector<KLOVar> av, bv;
-    for (int i = 0; i < a.size(); ++i) {
-        ac.push_back(a.getCoeff(i));
-        av.push_back(a.getVar(i));
-    }
-    for (int j = 0; j < b.size(); ++j) {
-        bc.push_back(b.getCoeff(j));
-        bv.push_back(b.getVar(j));
-    }
-    product.reserve(ac.size() * bc.size());
-    for (std::size_t i = 0; i < ac.size(); ++i) {
-        for (std::size_t j = 0; j < bc.size(); ++j) product.appendTerm(ac[i] * bc[j], av[i], bv[j]);
-    }
-    const double ka = a.getConstant();
-    const double kb = b.getConstant();
-    if (kb != 0.0) {
-        for (std::size_t i = 0; i < ac.size(); ++i) product.addTerm(ac[i] * kb, av[i]);
-    }
-    if (ka != 0.0) {
-        for (std::size_t j = 0; j < bc.size(); ++j) product.addTerm(ka * bc[j], bv[j]);
-    }
-    if (ka * kb != 0.0) product.addConstant(ka * kb);
-    return product;
+  KLOQuadExpr product;
+  // Read each operand's terms once (element access would privatise and
+  // check on every read).
+  std::vector<double> ac, bc;
+  std::vector<KLOVar> av, bv;
+  for (int i = 0; i < a.size(); ++i) {
+    ac.push_back(a.getCoeff(i));
+    av.push_back(a.getVar(i));
+  }
+  for (int j = 0; j < b.size(); ++j) {
+    bc.push_back(b.getCoeff(j));
+    bv.push_back(b.getVar(j));
+  }
+  product.reserve(ac.size() * bc.size());
+  for (std::size_t i = 0; i < ac.size(); ++i) {
+    for (std::size_t j = 0; j < bc.size(); ++j) product.appendTerm(ac[i] * bc[j], av[i], bv[j]);
+  }
+  const double ka = a.getConstant();
+  const double kb = b.getConstant();
+  if (kb != 0.0) {
+    for (std::size_t i = 0; i < ac.size(); ++i) product.addTerm(ac[i] * kb, av[i]);
+  }
+  if (ka != 0.0) {
+    for (std::size_t j = 0; j < bc.size(); ++j) product.addTerm(ka * bc[j], bv[j]);
+  }
+  if (ka * kb != 0.0) product.addConstant(ka * kb);
+  return product;
 }
 
 KLOQuadExpr operator+(const KLOQuadExpr& p, const KLOQuadExpr& q) { return plus(p, q); }
@@ -110,9 +110,9 @@ KLOQuadExpr operator-(const KLOQuadExpr& p, const KLOQuadExpr& q) { return plus(
 KLOQuadExpr operator+(const KLOQuadExpr& p) { return p; }
 
 KLOQuadExpr operator-(const KLOQuadExpr& p) {
-    KLOQuadExpr negated(p);
-    negated *= -1.0;
-    return negated;
+  KLOQuadExpr negated(p);
+  negated *= -1.0;
+  return negated;
 }
 
 KLOQuadExpr operator*(const KLOQuadExpr& p, double d) { return times(p, d); }
@@ -122,19 +122,19 @@ KLOQuadExpr operator*(double d, const KLOQuadExpr& p) { return p * d; }
 KLOQuadExpr operator/(const KLOQuadExpr& p, double d) { return divided(p, d); }
 
 KLOTempConstr operator<=(const KLOQuadExpr& a, const KLOQuadExpr& b) {
-    KLOTempConstr tc{'<', a};
-    tc.expr -= b;
-    return tc;
+  KLOTempConstr tc{'<', a};
+  tc.expr -= b;
+  return tc;
 }
 
 KLOTempConstr operator==(const KLOQuadExpr& a, const KLOQuadExpr& b) {
-    KLOTempConstr tc{'=', a};
-    tc.expr -= b;
-    return tc;
+  KLOTempConstr tc{'=', a};
+  tc.expr -= b;
+  return tc;
 }
 
 KLOTempConstr operator>=(const KLOQuadExpr& a, const KLOQuadExpr& b) {
-    KLOTempConstr tc{'>', a};
-    tc.expr += -b;
-    return tc;
+  KLOTempConstr tc{'>', a};
+  tc.expr += -b;
+  return tc;
 }

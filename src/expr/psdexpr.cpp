@@ -23,10 +23,10 @@ KLOPsdExpr::KLOPsdExpr(const KLOPsdExpr& P)
 KLOPsdExpr::~KLOPsdExpr() = default;
 
 KLOPsdExpr& KLOPsdExpr::operator=(const KLOPsdExpr& P) {
-    linear_ = P.linear_;
-    *coeffs_ = *P.coeffs_;
-    *vars_ = *P.vars_;
-    return *this;
+  linear_ = P.linear_;
+  *coeffs_ = *P.coeffs_;
+  *vars_ = *P.vars_;
+  return *this;
 }
 
 int KLOPsdExpr::size() const { return vars_->size(); }
@@ -42,55 +42,55 @@ namespace {
 // <M, X> for a symmetric M stored as one triangle: an off-diagonal entry
 // stands for itself and its mirror image.
 double innerProduct(const KLOMatrix& M, const KLOMatrix& X) {
-    std::map<int, double> solution;
-    for (int k = 0; k < X.nonzeros(); ++k) solution[X.indices()[k]] = X.data()[k];
-    double sum = 0.0;
-    for (int k = 0; k < M.nonzeros(); ++k) {
-        const int p = M.indices()[k];
-        auto found = solution.find(p);
-        if (found == solution.end() || M.rows() == 0) continue;
-        const double product = M.data()[k] * found->second;
-        sum += p / M.rows() == p % M.rows() ? product : 2.0 * product;
-    }
-    return sum;
+  std::map<int, double> solution;
+  for (int k = 0; k < X.nonzeros(); ++k) solution[X.indices()[k]] = X.data()[k];
+  double sum = 0.0;
+  for (int k = 0; k < M.nonzeros(); ++k) {
+    const int p = M.indices()[k];
+    auto found = solution.find(p);
+    if (found == solution.end() || M.rows() == 0) continue;
+    const double product = M.data()[k] * found->second;
+    sum += p / M.rows() == p % M.rows() ? product : 2.0 * product;
+  }
+  return sum;
 }
 
 }  // namespace
 
 double KLOPsdExpr::getValue() const {
-    double value = linear_.getValue();
-    for (int i = 0; i < size(); ++i) {
-        value += innerProduct((*coeffs_)[i], (*vars_)[i].get(KLO_MatAttr_PsdX));
-    }
-    return value;
+  double value = linear_.getValue();
+  for (int i = 0; i < size(); ++i) {
+    value += innerProduct((*coeffs_)[i], (*vars_)[i].get(KLO_MatAttr_PsdX));
+  }
+  return value;
 }
 
 void KLOPsdExpr::addTerm(const KLOMatrix& M, KLOPsdVar X) {
-    coeffs_->push_back(M);
-    vars_->push_back(X);
+  coeffs_->push_back(M);
+  vars_->push_back(X);
 }
 
 void KLOPsdExpr::addTerms(const double* coeffs, const KLOVar* vars, int count) {
-    linear_.addTerms(coeffs, vars, count);
+  linear_.addTerms(coeffs, vars, count);
 }
 
 void KLOPsdExpr::append(const KLOPsdExpr& P, bool negate) {
-    if (&P == this) {
-        const KLOPsdExpr snapshot(P);
-        append(snapshot, negate);
-        return;
-    }
-    P.coeffs_->copyOnWrite();
-    P.vars_->copyOnWrite();
-    const std::vector<KLOMatrix>& coeffs = *P.coeffs_->vec;
-    const std::vector<KLOPsdVar>& vars = *P.vars_->vec;
-    for (std::size_t i = 0; i < coeffs.size(); ++i)
-        addTerm(negate ? coeffs[i] * -1.0 : coeffs[i], vars[i]);
-    if (negate) {
-        linear_ -= P.linear_;
-    } else {
-        linear_ += P.linear_;
-    }
+  if (&P == this) {
+    const KLOPsdExpr snapshot(P);
+    append(snapshot, negate);
+    return;
+  }
+  P.coeffs_->copyOnWrite();
+  P.vars_->copyOnWrite();
+  const std::vector<KLOMatrix>& coeffs = *P.coeffs_->vec;
+  const std::vector<KLOPsdVar>& vars = *P.vars_->vec;
+  for (std::size_t i = 0; i < coeffs.size(); ++i)
+    addTerm(negate ? coeffs[i] * -1.0 : coeffs[i], vars[i]);
+  if (negate) {
+    linear_ -= P.linear_;
+  } else {
+    linear_ += P.linear_;
+  }
 }
 
 void KLOPsdExpr::operator+=(const KLOPsdExpr& P) { append(P, false); }
@@ -115,19 +115,19 @@ KLOPsdExpr KLOPsdExpr::operator+(double c) const { return plus(*this, c); }
 KLOPsdExpr KLOPsdExpr::operator-(double c) const { return minus(*this, c); }
 
 void KLOPsdExpr::remove(int i) {
-    vars_->remove(i);
-    coeffs_->remove(i);
+  vars_->remove(i);
+  coeffs_->remove(i);
 }
 
 void KLOPsdExpr::remove(KLOPsdVar X) {
-    coeffs_->copyOnWrite();
-    vars_->copyOnWrite();
-    const std::size_t kept = klo_detail::removeHandle(*coeffs_->vec, *vars_->vec, X);
-    coeffs_->n = vars_->n = static_cast<std::int32_t>(kept);
+  coeffs_->copyOnWrite();
+  vars_->copyOnWrite();
+  const std::size_t kept = klo_detail::removeHandle(*coeffs_->vec, *vars_->vec, X);
+  coeffs_->n = vars_->n = static_cast<std::int32_t>(kept);
 }
 
 void KLOPsdExpr::clear() {
-    linear_.clear();
-    coeffs_->clear();
-    vars_->clear();
+  linear_.clear();
+  coeffs_->clear();
+  vars_->clear();
 }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "env/check.h"
+#include "klo_c.h"
 #include "klo_cpp.h"
 
 template <class T>
@@ -13,61 +14,61 @@ Vec<T>::Vec(const Vec& other) : n(other.n), vec(other.vec) {}
 
 template <class T>
 Vec<T>& Vec<T>::operator=(const Vec& other) {
-    n = other.n;
-    vec = other.vec;
-    return *this;
+  n = other.n;
+  vec = other.vec;
+  return *this;
 }
 
 template <class T>
 void Vec<T>::copyOnWrite() {
-    if (!vec || vec.use_count() > 1) {
-        auto mine = vec ? std::make_shared<std::vector<T>>(vec->begin(), vec->begin() + n)
-                        : std::make_shared<std::vector<T>>();
-        vec = std::move(mine);
-        return;
-    }
-    vec->resize(static_cast<std::size_t>(n));
+  if (!vec || vec.use_count() > 1) {
+    auto mine = vec ? std::make_shared<std::vector<T>>(vec->begin(), vec->begin() + n)
+                    : std::make_shared<std::vector<T>>();
+    vec = std::move(mine);
+    return;
+  }
+  vec->resize(static_cast<std::size_t>(n));
 }
 
 template <class T>
 void Vec<T>::push_back(const T& x) {
-    // A buffer that ends where this Vec ends takes the element in place even
-    // when shared: the other sharers never look past their own sizes.
-    if (!vec || static_cast<std::size_t>(n) != vec->size()) copyOnWrite();
-    vec->push_back(x);
-    ++n;
+  // A buffer that ends where this Vec ends takes the element in place even
+  // when shared: the other sharers never look past their own sizes.
+  if (!vec || static_cast<std::size_t>(n) != vec->size()) copyOnWrite();
+  vec->push_back(x);
+  ++n;
 }
 
 template <class T>
 void Vec<T>::checkId(int i) const {
-    if (i < 0 || i >= n) klo_detail::raise(-2003);
+  if (i < 0 || i >= n) klo_detail::raise(KLO_ERROR_INVALID_VAR);
 }
 
 template <class T>
 T& Vec<T>::operator[](int i) {
-    checkId(i);
-    copyOnWrite();
-    return (*vec)[static_cast<std::size_t>(i)];
+  checkId(i);
+  copyOnWrite();
+  return (*vec)[static_cast<std::size_t>(i)];
 }
 
 template <class T>
 void Vec<T>::remove(int i) {
-    checkId(i);
-    copyOnWrite();
-    vec->erase(vec->begin() + i);
-    --n;
+  checkId(i);
+  copyOnWrite();
+  vec->erase(vec->begin() + i);
+  --n;
 }
 
 template <class T>
 void Vec<T>::setVec(std::vector<T> v) {
-    n = static_cast<std::int32_t>(v.size());
-    vec = std::make_shared<std::vector<T>>(std::move(v));
+  n = static_cast<std::int32_t>(v.size());
+  vec = std::make_shared<std::vector<T>>(std::move(v));
 }
 
 template <class T>
 void Vec<T>::clear() {
-    vec.reset();
-    n = 0;
+  vec.reset();
+  n = 0;
 }
 
 template class Vec<double>;

@@ -8,8 +8,7 @@ namespace {
 
 template <class T>
 T* allocate(int nnz) {
-    return static_cast<T*>(
-        std::malloc(static_cast<std::size_t>(static_cast<long>(nnz)) * sizeof(T)));
+  return static_cast<T*>(std::malloc(static_cast<std::size_t>(static_cast<long>(nnz)) * sizeof(T)));
 }
 
 }  // namespace
@@ -27,6 +26,6 @@ KLOSparseStorage::KLOSparseStorage(int count, int* borrowedIndices, double* borr
     : kind(BorrowsBoth), nnz(count), indices(borrowedIndices), values(borrowedValues) {}
 
 KLOSparseStorage::~KLOSparseStorage() {
-    if (!(kind & BorrowsIndices)) std::free(indices);
-    if (!(kind & BorrowsValues)) std::free(values);
+  if (!(kind & BorrowsIndices)) std::free(indices);
+  if (!(kind & BorrowsValues)) std::free(values);
 }

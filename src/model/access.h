@@ -12,27 +12,27 @@
 namespace klo_detail {
 
 struct Access {
-    template <class H>
-    static const auto& id(const H& h) {
-        return h.id_;
-    }
+  template <class H>
+  static const auto& id(const H& h) {
+    return h.id_;
+  }
 
-    // A handle over a fresh identity record.
-    template <class H, class ID>
-    static H make(void* model, int index) {
-        H h;
-        h.id_ = std::make_shared<ID>(ID{model, index});
-        return h;
-    }
+  // A handle over a fresh identity record.
+  template <class H, class ID>
+  static H make(void* model, int index) {
+    H h;
+    h.id_ = std::make_shared<ID>(ID{model, index});
+    return h;
+  }
 
-    static void* model(const KLOModel& m) { return m.model_; }
-    static const std::vector<KLOVar>& vars(const KLOModel& m) { return m.vars_; }
-    static const std::vector<KLOConstr>& constrs(const KLOModel& m) { return m.constrs_; }
-    static const std::vector<KLOQConstr>& qconstrs(const KLOModel& m) { return m.qconstrs_; }
-    static const std::vector<KLOPsdConstr>& psdconstrs(const KLOModel& m) { return m.psdconstrs_; }
-    static const std::vector<KLOPsdVar>& psdvars(const KLOModel& m) { return m.psdvars_; }
-    static const std::vector<KLOSOS>& sos(const KLOModel& m) { return m.sos_; }
-    static const std::vector<KLOGenConstr>& genconstrs(const KLOModel& m) { return m.genconstrs_; }
+  static void* model(const KLOModel& m) { return m.model_; }
+  static const std::vector<KLOVar>& vars(const KLOModel& m) { return m.vars_; }
+  static const std::vector<KLOConstr>& constrs(const KLOModel& m) { return m.constrs_; }
+  static const std::vector<KLOQConstr>& qconstrs(const KLOModel& m) { return m.qconstrs_; }
+  static const std::vector<KLOPsdConstr>& psdconstrs(const KLOModel& m) { return m.psdconstrs_; }
+  static const std::vector<KLOPsdVar>& psdvars(const KLOModel& m) { return m.psdvars_; }
+  static const std::vector<KLOSOS>& sos(const KLOModel& m) { return m.sos_; }
+  static const std::vector<KLOGenConstr>& genconstrs(const KLOModel& m) { return m.genconstrs_; }
 };
 
 }  // namespace klo_detail

@@ -10,15 +10,15 @@
 namespace klo_detail {
 
 struct Element {
-    void* model;
-    int index;
-    int removedCode;
+  void* model;
+  int index;
+  int removedCode;
 };
 
 template <class H>
 Element element(const H& h) {
-    const auto& r = record(h);
-    return {r.model, r.index, HandleTraits<H>::removedCode};
+  const auto& r = record(h);
+  return {r.model, r.index, HandleTraits<H>::removedCode};
 }
 
 int getAttr(const Element& e, KLO_IntAttr attr);

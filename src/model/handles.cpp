@@ -7,10 +7,9 @@
 namespace klo_detail {
 
 void emptyHandle(const char* handleClass, int code) {
-    throw KLOException(
-        std::string("The ") + handleClass +
-            " handle is empty: it was default-constructed and names no model element.",
-        code);
+  throw KLOException(std::string("The ") + handleClass +
+                         " handle is empty: it was default-constructed and names no model element.",
+                     code);
 }
 
 }  // namespace klo_detail
@@ -31,7 +30,7 @@ double KLOVar::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), a
 void KLOVar::set(KLO_DoubleAttr attr, double value) const { setAttr(element(*this), attr, value); }
 std::string KLOVar::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
 void KLOVar::set(KLO_StringAttr attr, const std::string& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 
 // KLOConstr
@@ -43,11 +42,11 @@ char KLOConstr::get(KLO_CharAttr attr) const { return getAttr(element(*this), at
 void KLOConstr::set(KLO_CharAttr attr, char value) const { setAttr(element(*this), attr, value); }
 double KLOConstr::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
 void KLOConstr::set(KLO_DoubleAttr attr, double value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 std::string KLOConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
 void KLOConstr::set(KLO_StringAttr attr, const std::string& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 
 // KLOQConstr
@@ -55,11 +54,11 @@ int KLOQConstr::index() const { return record(*this).index; }
 bool KLOQConstr::sameAs(KLOQConstr other) const { return &record(*this) == &record(other); }
 double KLOQConstr::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
 void KLOQConstr::set(KLO_DoubleAttr attr, double value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 std::string KLOQConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
 void KLOQConstr::set(KLO_StringAttr attr, const std::string& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 
 // KLOPsdVar
@@ -69,11 +68,11 @@ int KLOPsdVar::get(KLO_IntAttr attr) const { return getAttr(element(*this), attr
 void KLOPsdVar::set(KLO_IntAttr attr, int value) const { setAttr(element(*this), attr, value); }
 std::string KLOPsdVar::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
 void KLOPsdVar::set(KLO_StringAttr attr, const std::string& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 KLOMatrix KLOPsdVar::get(KLO_MatAttr attr) const { return getAttr(element(*this), attr); }
 void KLOPsdVar::set(KLO_MatAttr attr, const KLOMatrix& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 
 // KLOPsdConstr
@@ -81,11 +80,11 @@ int KLOPsdConstr::index() const { return record(*this).index; }
 bool KLOPsdConstr::sameAs(KLOPsdConstr other) const { return &record(*this) == &record(other); }
 double KLOPsdConstr::get(KLO_DoubleAttr attr) const { return getAttr(element(*this), attr); }
 void KLOPsdConstr::set(KLO_DoubleAttr attr, double value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 std::string KLOPsdConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
 void KLOPsdConstr::set(KLO_StringAttr attr, const std::string& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 
 // KLOGenConstr
@@ -95,7 +94,7 @@ int KLOGenConstr::get(KLO_IntAttr attr) const { return getAttr(element(*this), a
 void KLOGenConstr::set(KLO_IntAttr attr, int value) const { setAttr(element(*this), attr, value); }
 std::string KLOGenConstr::get(KLO_StringAttr attr) const { return getAttr(element(*this), attr); }
 void KLOGenConstr::set(KLO_StringAttr attr, const std::string& value) const {
-    setAttr(element(*this), attr, value);
+  setAttr(element(*this), attr, value);
 }
 
 // KLOSOS

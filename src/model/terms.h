@@ -13,8 +13,8 @@
 namespace klo_detail {
 
 struct Bounds {
-    double lower;
-    double upper;
+  double lower;
+  double upper;
 };
 
 // '>' is [rhs, inf], '=' is [rhs, rhs], anything else [-inf, rhs].
@@ -26,24 +26,24 @@ double shifted(double bound, double constant);
 // Linear terms merged by variable (ascending index, zero sums kept), as
 // index and value arrays.  A removed variable raises -2003.
 struct LinearTerms {
-    std::vector<int> ind;
-    std::vector<double> val;
+  std::vector<int> ind;
+  std::vector<double> val;
 
-    explicit LinearTerms(const KLOLinExpr& e);
-    int size() const { return static_cast<int>(ind.size()); }
-    const int* indices() const { return ind.empty() ? nullptr : ind.data(); }
-    const double* values() const { return val.empty() ? nullptr : val.data(); }
+  explicit LinearTerms(const KLOLinExpr& e);
+  int size() const { return static_cast<int>(ind.size()); }
+  const int* indices() const { return ind.empty() ? nullptr : ind.data(); }
+  const double* values() const { return val.empty() ? nullptr : val.data(); }
 };
 
 // Quadratic terms merged by combineLikeQTerms.  A removed variable raises
 // -2003.
 struct QuadTerms {
-    std::vector<int> row;
-    std::vector<int> col;
-    std::vector<double> val;
+  std::vector<int> row;
+  std::vector<int> col;
+  std::vector<double> val;
 
-    explicit QuadTerms(const KLOQuadExpr& q);
-    int size() const { return static_cast<int>(val.size()); }
+  explicit QuadTerms(const KLOQuadExpr& q);
+  int size() const { return static_cast<int>(val.size()); }
 };
 
 // The PSD terms of P merged per PSD variable (matrices summed, ascending
@@ -54,13 +54,13 @@ void mergePsdTerms(const KLOPsdExpr& P, std::vector<KLOMatrix>& matrices,
 // PSD terms merged per PSD variable (matrices summed), flattened as
 // KLOaddrangepsdconstr takes them.  A removed PSD variable raises -2003.
 struct PsdTerms {
-    std::vector<int> var;
-    std::vector<int> beg;  // one entry per term plus the total
-    std::vector<int> ind;
-    std::vector<double> val;
+  std::vector<int> var;
+  std::vector<int> beg;  // one entry per term plus the total
+  std::vector<int> ind;
+  std::vector<double> val;
 
-    explicit PsdTerms(const KLOPsdExpr& P);
-    int size() const { return static_cast<int>(var.size()); }
+  explicit PsdTerms(const KLOPsdExpr& P);
+  int size() const { return static_cast<int>(var.size()); }
 };
 
 // The index of a handle that must name a live element, else code.

@@ -7,7 +7,7 @@
 
 static int failures = 0;
 
-static void check(int ok, const char *what) {
+static void check(int ok, const char* what) {
   if (!ok) {
     fprintf(stderr, "header_test: %s\n", what);
     ++failures;
@@ -15,7 +15,7 @@ static void check(int ok, const char *what) {
 }
 
 int main(void) {
-  KLOenv *env = NULL;
+  KLOenv* env = NULL;
   int value = 0;
   double time = 0.0;
   int status;

@@ -15,41 +15,41 @@
 namespace klotest {
 
 struct Instance {
-    std::string name, kind, file;
-    int rows = 0, cols = 0, integers = 0;
-    double objective = 0.0;
+  std::string name, kind, file;
+  int rows = 0, cols = 0, integers = 0;
+  double objective = 0.0;
 
-    bool mip() const { return kind == "MIP"; }
+  bool mip() const { return kind == "MIP"; }
 };
 
 // Folder of index.csv: $KLO_INSTANCES_DIR when set, else the one configured.
 inline std::string instancesDir() {
-    const char* dir = std::getenv("KLO_INSTANCES_DIR");
-    return dir && *dir ? dir : KLO_INSTANCES_DIR;
+  const char* dir = std::getenv("KLO_INSTANCES_DIR");
+  return dir && *dir ? dir : KLO_INSTANCES_DIR;
 }
 
 inline std::string instancePath(const Instance& i) { return instancesDir() + "/" + i.file; }
 
 // The instances of one kind ("LP", "MIP"), or all of them ("").
 inline std::vector<Instance> readIndex(const std::string& kind = "") {
-    std::vector<Instance> out;
-    std::ifstream in(instancesDir() + "/index.csv");
-    std::string line;
-    std::getline(in, line);  // header
-    while (std::getline(in, line)) {
-        std::stringstream ss(line);
-        std::vector<std::string> f;
-        for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
-        if (f.size() != 7 || (!kind.empty() && f[1] != kind)) continue;
-        out.push_back({f[0], f[1], f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]),
-                       std::stod(f[6])});
-    }
-    return out;
+  std::vector<Instance> out;
+  std::ifstream in(instancesDir() + "/index.csv");
+  std::string line;
+  std::getline(in, line);  // header
+  while (std::getline(in, line)) {
+    std::stringstream ss(line);
+    std::vector<std::string> f;
+    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
+    if (f.size() != 7 || (!kind.empty() && f[1] != kind)) continue;
+    out.push_back(
+        {f[0], f[1], f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]), std::stod(f[6])});
+  }
+  return out;
 }
 
 // Test names and printed parameters show the instance's name.
 inline std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
-    return info.param.name;
+  return info.param.name;
 }
 inline void PrintTo(const Instance& i, std::ostream* os) { *os << i.name; }
 

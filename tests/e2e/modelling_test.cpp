@@ -13,156 +13,156 @@
 namespace {
 
 class Modelling : public ::testing::Test {
-protected:
-    KLOEnv env{true};
-    std::unique_ptr<KLOModel> model;
-    KLOVar x, y, z;
+ protected:
+  KLOEnv env{true};
+  std::unique_ptr<KLOModel> model;
+  KLOVar x, y, z;
 
-    void SetUp() override {
-        env.set(KLO_IntParam_OutputFlag, 0);
-        env.start();
-        model = std::make_unique<KLOModel>(env);
-        x = model->addVar(0, 1e20, 0, 'C', "x");
-        y = model->addVar(0, 1e20, 0, 'C', "y");
-        z = model->addVar(0, 1, 0, 'B', "z");
-    }
+  void SetUp() override {
+    env.set(KLO_IntParam_OutputFlag, 0);
+    env.start();
+    model = std::make_unique<KLOModel>(env);
+    x = model->addVar(0, 1e20, 0, 'C', "x");
+    y = model->addVar(0, 1e20, 0, 'C', "y");
+    z = model->addVar(0, 1, 0, 'B', "z");
+  }
 
-    // Solves, turning a refusal into a readable test failure.
-    void solve() {
-        try {
-            model->optimize();
-        } catch (const KLOException& e) {
-            FAIL() << "optimize: " << e.getErrorCode() << " " << e.getMessage();
-        }
+  // Solves, turning a refusal into a readable test failure.
+  void solve() {
+    try {
+      model->optimize();
+    } catch (const KLOException& e) {
+      FAIL() << "optimize: " << e.getErrorCode() << " " << e.getMessage();
     }
+  }
 
-    static std::string text(const KLOLinExpr& e) {
-        std::ostringstream os;
-        os << e;
-        return os.str();
-    }
+  static std::string text(const KLOLinExpr& e) {
+    std::ostringstream os;
+    os << e;
+    return os.str();
+  }
 };
 
 // max x + y  s.t.  x + 2y <= 4, 3x + y <= 6: the two rows meet at
 // (1.6, 1.2), objective 2.8.
 TEST_F(Modelling, SmallLinearProgramSolvesAtTheVertex) {
-    const KLOConstr c1 = model->addConstr(x + 2 * y + 1 <= 5, "c1");
-    const KLOConstr c2 = model->addConstr(3 * x + y, '<', 6.0, "c2");
-    model->setObjective(x + y, -1);
-    solve();
-    EXPECT_NEAR(model->get(KLO_DoubleAttr_ObjVal), 2.8, 1e-9);
-    EXPECT_NEAR(x.get(KLO_DoubleAttr_X), 1.6, 1e-9);
-    EXPECT_NEAR((x + y + 1).getValue(), 3.8, 1e-9);
-    EXPECT_EQ(c1.get(KLO_DoubleAttr_RHS), 4.0);
-    EXPECT_EQ(c2.get(KLO_DoubleAttr_RHS), 6.0);
+  const KLOConstr c1 = model->addConstr(x + 2 * y + 1 <= 5, "c1");
+  const KLOConstr c2 = model->addConstr(3 * x + y, '<', 6.0, "c2");
+  model->setObjective(x + y, -1);
+  solve();
+  EXPECT_NEAR(model->get(KLO_DoubleAttr_ObjVal), 2.8, 1e-9);
+  EXPECT_NEAR(x.get(KLO_DoubleAttr_X), 1.6, 1e-9);
+  EXPECT_NEAR((x + y + 1).getValue(), 3.8, 1e-9);
+  EXPECT_EQ(c1.get(KLO_DoubleAttr_RHS), 4.0);
+  EXPECT_EQ(c2.get(KLO_DoubleAttr_RHS), 6.0);
 }
 
 TEST_F(Modelling, RowsReadBackMergedAndRenumberedAfterRemoval) {
-    model->addConstr(x + y + x, '>', 1.0, "a");
-    const KLOConstr b = model->addRange(2 * y - 3, -1, 1e20, "b");
-    const KLOLinExpr bulk[] = {x - y, y + 1};
-    const char senses[] = {'=', '<'};
-    const double rhs[] = {0.0, 3.0};
-    const std::string names[] = {"c", "d"};
-    std::unique_ptr<KLOConstr[]> cd(model->addConstrs(bulk, senses, rhs, names, 2));
-    EXPECT_EQ(text(model->getRow(model->getConstrByName("a"))), "2 * x + y");
-    EXPECT_EQ(b.get(KLO_DoubleAttr_LHS), 2.0);
-    EXPECT_EQ(cd[1].get(KLO_DoubleAttr_RHS), 2.0);
-    model->remove(b);
-    EXPECT_EQ(model->get(KLO_IntAttr_NumConstrs), 3);
-    EXPECT_EQ(cd[0].index(), 1);
-    EXPECT_EQ(model->getCoeff(cd[0], y), -1.0);
-    model->chgCoeff(cd[0], y, 4.0);
-    EXPECT_EQ(text(model->getRow(cd[0])), "x + 4 * y");
-    EXPECT_EQ(cd[1].get(KLO_StringAttr_ConstrName), "d");
+  model->addConstr(x + y + x, '>', 1.0, "a");
+  const KLOConstr b = model->addRange(2 * y - 3, -1, 1e20, "b");
+  const KLOLinExpr bulk[] = {x - y, y + 1};
+  const char senses[] = {'=', '<'};
+  const double rhs[] = {0.0, 3.0};
+  const std::string names[] = {"c", "d"};
+  std::unique_ptr<KLOConstr[]> cd(model->addConstrs(bulk, senses, rhs, names, 2));
+  EXPECT_EQ(text(model->getRow(model->getConstrByName("a"))), "2 * x + y");
+  EXPECT_EQ(b.get(KLO_DoubleAttr_LHS), 2.0);
+  EXPECT_EQ(cd[1].get(KLO_DoubleAttr_RHS), 2.0);
+  model->remove(b);
+  EXPECT_EQ(model->get(KLO_IntAttr_NumConstrs), 3);
+  EXPECT_EQ(cd[0].index(), 1);
+  EXPECT_EQ(model->getCoeff(cd[0], y), -1.0);
+  model->chgCoeff(cd[0], y, 4.0);
+  EXPECT_EQ(text(model->getRow(cd[0])), "x + 4 * y");
+  EXPECT_EQ(cd[1].get(KLO_StringAttr_ConstrName), "d");
 }
 
 TEST_F(Modelling, ObjectivesReplaceEachOtherAndReadBack) {
-    model->setObjective(x * x + 2 * x * y + 3 * y - 1, 1);
-    model->setObjective(2 * x + x + 5, -1);
-    const KLOQuadExpr objective = model->getObjective();
-    EXPECT_EQ(objective.size(), 0);
-    EXPECT_EQ(text(objective.getLinExpr()), "3 * x + 5");
-    EXPECT_EQ(model->get(KLO_IntAttr_ModelSense), -1);
+  model->setObjective(x * x + 2 * x * y + 3 * y - 1, 1);
+  model->setObjective(2 * x + x + 5, -1);
+  const KLOQuadExpr objective = model->getObjective();
+  EXPECT_EQ(objective.size(), 0);
+  EXPECT_EQ(text(objective.getLinExpr()), "3 * x + 5");
+  EXPECT_EQ(model->get(KLO_IntAttr_ModelSense), -1);
 }
 
 TEST_F(Modelling, QuadraticRowsReadBackWithMergedTerms) {
-    const KLOQConstr q = model->addQConstr(x * y + x * y + 3 * x + 1 <= 9, "q");
-    const KLOQuadExpr row = model->getQCRow(q);
-    ASSERT_EQ(row.size(), 1);
-    EXPECT_EQ(row.getCoeff(0), 2.0);
-    EXPECT_EQ(row.getLinExpr().getCoeff(0), 3.0);
-    EXPECT_EQ(model->get(KLO_IntAttr_NumQConstrs), 1);
-    model->remove(q);
-    EXPECT_EQ(model->get(KLO_IntAttr_NumConstrs), 0);
+  const KLOQConstr q = model->addQConstr(x * y + x * y + 3 * x + 1 <= 9, "q");
+  const KLOQuadExpr row = model->getQCRow(q);
+  ASSERT_EQ(row.size(), 1);
+  EXPECT_EQ(row.getCoeff(0), 2.0);
+  EXPECT_EQ(row.getLinExpr().getCoeff(0), 3.0);
+  EXPECT_EQ(model->get(KLO_IntAttr_NumQConstrs), 1);
+  model->remove(q);
+  EXPECT_EQ(model->get(KLO_IntAttr_NumConstrs), 0);
 }
 
 TEST_F(Modelling, SosAndIndicatorsRoundTrip) {
-    const KLOVar members[] = {y, x};
-    const double weights[] = {1.0, 2.0};
-    const KLOSOS sos = model->addSOS(members, weights, 2, 1);
-    KLOVar read[2];
-    int type = 0;
-    ASSERT_EQ(model->getSOS(sos, read, nullptr, &type), 2);
-    EXPECT_TRUE(read[0].sameAs(y));
-    EXPECT_EQ(type, 1);
-    const KLOGenConstr g = model->addGenConstrIndicator(z, 1, x + y + 1 <= 4, "ind");
-    KLOLinExpr expr;
-    double rhs = 0;
-    char sense = 0;
-    model->getGenConstrIndicator(g, nullptr, nullptr, &expr, &sense, &rhs);
-    EXPECT_EQ(text(expr), "x + y");
-    EXPECT_EQ(sense, '<');
-    EXPECT_EQ(rhs, 3.0);
-    model->remove(sos);
-    EXPECT_EQ(model->get(KLO_IntAttr_NumSOS), 0);
+  const KLOVar members[] = {y, x};
+  const double weights[] = {1.0, 2.0};
+  const KLOSOS sos = model->addSOS(members, weights, 2, 1);
+  KLOVar read[2];
+  int type = 0;
+  ASSERT_EQ(model->getSOS(sos, read, nullptr, &type), 2);
+  EXPECT_TRUE(read[0].sameAs(y));
+  EXPECT_EQ(type, 1);
+  const KLOGenConstr g = model->addGenConstrIndicator(z, 1, x + y + 1 <= 4, "ind");
+  KLOLinExpr expr;
+  double rhs = 0;
+  char sense = 0;
+  model->getGenConstrIndicator(g, nullptr, nullptr, &expr, &sense, &rhs);
+  EXPECT_EQ(text(expr), "x + y");
+  EXPECT_EQ(sense, '<');
+  EXPECT_EQ(rhs, 3.0);
+  model->remove(sos);
+  EXPECT_EQ(model->get(KLO_IntAttr_NumSOS), 0);
 }
 
 TEST_F(Modelling, PsdRowsAndObjectivesReachTheStore) {
-    const KLOPsdVar X = model->addPsdVar(2, "X");
-    KLOPsdExpr P = KLOMatrix::sparse(2, 2, {0, 1}, {0, 1}, {1.0, 1.0}) * X + x;
-    P += KLOMatrix::sparse(2, 2, {1}, {0}, {0.5}) * X;
-    const KLOPsdConstr c = model->addPsdConstr(P, '=', 1.0, "trace");
-    EXPECT_EQ(model->get(KLO_IntAttr_NumPsdConstrs), 1);
-    EXPECT_EQ(model->getPsdConstr(0).index(), c.index());
-    model->setObjective(KLOMatrix::identity(2) * X + 2.0 * KLOMatrix::identity(2) * X, 1);
-    const KLOMatrix objective = X.get(KLO_MatAttr_PsdObj);
-    ASSERT_EQ(objective.nonzeros(), 2);
-    EXPECT_EQ(objective.data()[0], 3.0);
-    model->remove(X);
-    EXPECT_EQ(model->get(KLO_IntAttr_NumPsdVars), 0);
+  const KLOPsdVar X = model->addPsdVar(2, "X");
+  KLOPsdExpr P = KLOMatrix::sparse(2, 2, {0, 1}, {0, 1}, {1.0, 1.0}) * X + x;
+  P += KLOMatrix::sparse(2, 2, {1}, {0}, {0.5}) * X;
+  const KLOPsdConstr c = model->addPsdConstr(P, '=', 1.0, "trace");
+  EXPECT_EQ(model->get(KLO_IntAttr_NumPsdConstrs), 1);
+  EXPECT_EQ(model->getPsdConstr(0).index(), c.index());
+  model->setObjective(KLOMatrix::identity(2) * X + 2.0 * KLOMatrix::identity(2) * X, 1);
+  const KLOMatrix objective = X.get(KLO_MatAttr_PsdObj);
+  ASSERT_EQ(objective.nonzeros(), 2);
+  EXPECT_EQ(objective.data()[0], 3.0);
+  model->remove(X);
+  EXPECT_EQ(model->get(KLO_IntAttr_NumPsdVars), 0);
 }
 
 // A knapsack whose callback counts its invocations and stops the search
 // at the first new incumbent.
 class StopAtFirstIncumbent : public KLOCallback {
-public:
-    int calls = 0;
-    int incumbents = 0;
-    void callback() override {
-        ++calls;
-        if (where == 4) {
-            ++incumbents;
-            abort();
-        }
+ public:
+  int calls = 0;
+  int incumbents = 0;
+  void callback() override {
+    ++calls;
+    if (where == 4) {
+      ++incumbents;
+      abort();
     }
+  }
 };
 
 TEST_F(Modelling, CallbackRunsInsideTheSearchAndCanStopIt) {
-    KLOVar items[6];
-    KLOLinExpr weight, value;
-    for (int i = 0; i < 6; ++i) {
-        items[i] = model->addVar(0, 1, 0, 'B');
-        weight += (3.0 + i) * items[i];
-        value += (4.0 + 2 * i % 5) * items[i];
-    }
-    model->addConstr(weight <= 14);
-    model->setObjective(value, -1);
-    StopAtFirstIncumbent cb;
-    model->setCallback(&cb);
-    solve();
-    EXPECT_GT(cb.calls, 0);
-    EXPECT_LE(cb.incumbents, 1);
+  KLOVar items[6];
+  KLOLinExpr weight, value;
+  for (int i = 0; i < 6; ++i) {
+    items[i] = model->addVar(0, 1, 0, 'B');
+    weight += (3.0 + i) * items[i];
+    value += (4.0 + 2 * i % 5) * items[i];
+  }
+  model->addConstr(weight <= 14);
+  model->setObjective(value, -1);
+  StopAtFirstIncumbent cb;
+  model->setCallback(&cb);
+  solve();
+  EXPECT_GT(cb.calls, 0);
+  EXPECT_LE(cb.incumbents, 1);
 }
 
 }  // namespace

@@ -1,12 +1,12 @@
-// User callbacks inside the search of every engine that takes integers: incumbents, node relaxations,
-// cuts, proposed solutions, progress and stopping.
+// User callbacks inside the search of every engine that takes integers: incumbents, node
+// relaxations, cuts, proposed solutions, progress and stopping.
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "engine/problem_eval.h"
-#include "klo_c.h"
 #include "engine_suite.h"
+#include "klo_c.h"
 
 namespace klo::engine::test {
 namespace {
@@ -127,7 +127,8 @@ TEST_P(Callbacks, ProposedSolutionsAreCheckedCompletedAndUsed) {
   std::vector<double> incumbents;
   Callback cb = [&](CallbackContext& ctx) {
     double best = 0;
-    if (ctx.where == KLO_CB_MIPSOL && callbackGet(ctx, KLO_CB_MIPSOL, KLO_CBINFO_OBJBEST, &best) == KLO_OK)
+    if (ctx.where == KLO_CB_MIPSOL &&
+        callbackGet(ctx, KLO_CB_MIPSOL, KLO_CBINFO_OBJBEST, &best) == KLO_OK)
       incumbents.push_back(best);
     if (ctx.where != KLO_CB_MIPNODE || !codes.empty()) return 0;
     const double tooHeavy[] = {1, 1, 1, 1, 1};
@@ -174,7 +175,8 @@ TEST_P(Callbacks, BranchRequestsChooseTheColumn) {
     callbackGet(ctx, KLO_CB_MIPNODE, KLO_CBINFO_NODEUB, &upper);
     if (column < 0) {
       for (int j = 0; j < ctx.numVars && column < 0; ++j)
-        if (std::fabs(rel[j] - std::round(rel[j])) < 1e-9 && lower[j] == 0 && upper[j] == 1) column = j;
+        if (std::fabs(rel[j] - std::round(rel[j])) < 1e-9 && lower[j] == 0 && upper[j] == 1)
+          column = j;
       if (column < 0) return 0;
       codes.push_back(callbackBranch(ctx, column, 1.0, 1));  // x >= 2: no
       codes.push_back(callbackBranch(ctx, column, 0.5, 1));

@@ -2,8 +2,7 @@
 // declaration says it can take them: KLO_ENGINE_SUITE(Suite, need)
 // instantiates Suite (a fixture derived from EngineTest) once per engine of
 // the library for which need(entry) holds.
-#ifndef KLO_TESTS_ENGINE_ENGINE_SUITE_H
-#define KLO_TESTS_ENGINE_ENGINE_SUITE_H
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -60,10 +59,8 @@ inline std::string engineName(const testing::TestParamInfo<EngineEntry>& info) {
 
 }  // namespace klo::engine::test
 
-#define KLO_ENGINE_SUITE(Suite, need)                                                        \
-  INSTANTIATE_TEST_SUITE_P(Engines, Suite,                                                   \
-                           testing::ValuesIn(::klo::engine::test::enginesThat(need)),        \
-                           ::klo::engine::test::engineName);                                 \
+#define KLO_ENGINE_SUITE(Suite, need)                                                 \
+  INSTANTIATE_TEST_SUITE_P(Engines, Suite,                                            \
+                           testing::ValuesIn(::klo::engine::test::enginesThat(need)), \
+                           ::klo::engine::test::engineName);                          \
   GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(Suite)
-
-#endif

@@ -5,9 +5,9 @@
 #include <cmath>
 
 #include "engine/problem_eval.h"
+#include "engine_suite.h"
 #include "instance_index.h"
 #include "klo_c.h"
-#include "engine_suite.h"
 
 namespace klo::engine::test {
 namespace {
@@ -27,8 +27,7 @@ std::vector<InstanceEngine> pairs(const char* kind, bool method) {
   for (const Instance& inst : readIndex(kind))
     for (const EngineEntry& e : engines()) {
       const unsigned features = inst.kind == "MIP" ? kIntegers : 0u;
-      if (e.caps.takes(features) && (!method || honours(e, "Method")))
-        out.push_back({inst, e});
+      if (e.caps.takes(features) && (!method || honours(e, "Method"))) out.push_back({inst, e});
     }
   return out;
 }
@@ -71,7 +70,8 @@ TEST_P(LpInstanceSolve, EveryMethodReachesIt) {
   Problem p = readMpsProblem(klotest::instancePath(inst));
   for (LpMethod m : {LpMethod::Primal, LpMethod::Barrier, LpMethod::Dual}) {
     for (int presolve : {0, 1}) {
-      SCOPED_TRACE(testing::Message() << "method " << static_cast<int>(m) << " presolve " << presolve);
+      SCOPED_TRACE(testing::Message()
+                   << "method " << static_cast<int>(m) << " presolve " << presolve);
       Settings s = quietSettings();
       s.method = m;
       s.presolve = presolve;
@@ -81,8 +81,7 @@ TEST_P(LpInstanceSolve, EveryMethodReachesIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Shared, InstanceSolve, ::testing::ValuesIn(pairs("", false)), pairName);
-INSTANTIATE_TEST_SUITE_P(Shared, LpInstanceSolve, ::testing::ValuesIn(pairs("LP", true)),
-                         pairName);
+INSTANTIATE_TEST_SUITE_P(Shared, LpInstanceSolve, ::testing::ValuesIn(pairs("LP", true)), pairName);
 
 }  // namespace
 }  // namespace klo::engine::test

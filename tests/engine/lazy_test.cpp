@@ -6,8 +6,8 @@
 #include <cmath>
 #include <numeric>
 
-#include "klo_c.h"
 #include "engine_suite.h"
+#include "klo_c.h"
 
 namespace klo::engine::test {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 // are met by three triangles, so at least two rounds of subtour rows are
 // needed.
 struct Tsp {
-  std::vector<std::pair<double, double>> city{{0, 0}, {1, 0}, {0, 1},   {10, 0}, {11, 0},
+  std::vector<std::pair<double, double>> city{{0, 0},  {1, 0}, {0, 1}, {10, 0}, {11, 0},
                                               {10, 1}, {5, 8}, {6, 8}, {5, 9}};
   Tsp() = default;
   // n cities spread by a fixed pseudo-random sequence.

@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "common/error.h"
-#include "klo_c.h"
 #include "engine_suite.h"
+#include "klo_c.h"
 
 namespace klo::engine::test {
 namespace {
@@ -98,8 +98,7 @@ TEST_P(LpSolutions, MaximiseWithLessRows) {
 // Dual objective 10 + 6*1.5 + 3*(-0.5) + 2*(-2.5) = 12.5.
 Problem equalityRangeFree(int sense) {
   ProblemBuilder b(sense);
-  int x = b.col(sense * 1, 0, kInf), y = b.col(sense * 2, -kInf, kInf),
-      z = b.col(sense * -1, 0, 2);
+  int x = b.col(sense * 1, 0, kInf), y = b.col(sense * 2, -kInf, kInf), z = b.col(sense * -1, 0, 2);
   b.row({{x, 1}, {y, 1}, {z, 1}}, 6, 6);
   b.row({{x, 1}, {y, -1}}, 1, 3);
   b.problem().objConstant = sense * 10;
@@ -162,7 +161,10 @@ TEST_P(LpSolutions, MalformedProblemsAreRefusedWithTheirReason) {
       {"column arrays differ", [](Problem& p) { p.colLower.pop_back(); }},
       {"obj[0] is NaN", [](Problem& p) { p.obj[0] = std::nan(""); }},
       {"column type", [](Problem& p) { p.colType[0] = 'X'; }},
-      {"basis code 9", [](Problem& p) { p.colBasis = {9, 1}; }},
+      {"basis code 9",
+       [](Problem& p) {
+         p.colBasis = {9, 1};
+       }},
       {"matrix start", [](Problem& p) { p.start.pop_back(); }},
   };
   for (const Case& c : cases) {

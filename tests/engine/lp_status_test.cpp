@@ -2,8 +2,8 @@
 // their rays, limits, and a stop requested by the callback.
 #include <gtest/gtest.h>
 
-#include "klo_c.h"
 #include "engine_suite.h"
+#include "klo_c.h"
 
 namespace klo::engine::test {
 namespace {
@@ -37,7 +37,8 @@ TEST_P(LpStatus, InfeasibleGivesFarkasRayInEveryMethod) {
       b.row({{x, 1}, {y, 1}}, -kInf, 1);
       b.row({{x, 1}, {y, 1}}, 3, kInf);
       Result r = solveWith(b.problem(), m, presolve);
-      SCOPED_TRACE(testing::Message() << "method " << static_cast<int>(m) << " presolve " << presolve);
+      SCOPED_TRACE(testing::Message()
+                   << "method " << static_cast<int>(m) << " presolve " << presolve);
       EXPECT_EQ(r.status, KLO_STATUS_INFEASIBLE);
       EXPECT_FALSE(r.hasSolution);
       EXPECT_TRUE(r.x.empty());

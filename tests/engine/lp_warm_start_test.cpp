@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "klo_c.h"
 #include "engine_suite.h"
+#include "klo_c.h"
 
 namespace klo::engine::test {
 namespace {
@@ -32,7 +32,8 @@ class LpWarmStart : public EngineTest {
 void expectWarmWins(const WarmCold& wc) {
   ASSERT_EQ(wc.cold.status, KLO_STATUS_OPTIMAL);
   ASSERT_EQ(wc.warm.status, KLO_STATUS_OPTIMAL);
-  EXPECT_NEAR(wc.warm.objective, wc.cold.objective, 1e-6 * std::max(1.0, std::fabs(wc.cold.objective)));
+  EXPECT_NEAR(wc.warm.objective, wc.cold.objective,
+              1e-6 * std::max(1.0, std::fabs(wc.cold.objective)));
   EXPECT_LT(wc.warm.simplexIterations, wc.cold.simplexIterations);
 }
 

@@ -1,12 +1,12 @@
-// MIPs, with every engine that takes integers: small models worked out by hand, SOS sets, limits that
-// stop with a solution, cutoff, MIP start and the solution pool.
+// MIPs, with every engine that takes integers: small models worked out by hand, SOS sets, limits
+// that stop with a solution, cutoff, MIP start and the solution pool.
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 #include "engine/problem_eval.h"
-#include "klo_c.h"
 #include "engine_suite.h"
+#include "klo_c.h"
 
 namespace klo::engine::test {
 namespace {
@@ -130,7 +130,7 @@ TEST_P(Mip, LimitsStopWithTheBestSolutionSoFar) {
     EXPECT_EQ(r.status, c.status);
     ASSERT_TRUE(r.hasSolution);
     EXPECT_LE(maxViolation(p, r.x.data(), true), 1e-6);
-    EXPECT_GE(r.objective, 18 - 1e-9);          // no better than the optimum
+    EXPECT_GE(r.objective, 18 - 1e-9);               // no better than the optimum
     EXPECT_LE(r.dualObjective, r.objective + 1e-9);  // a valid lower bound
     EXPECT_NEAR(r.gapAbs, r.objective - r.dualObjective, 1e-9);
   }

@@ -1,5 +1,6 @@
 #include <CoinMpsIO.hpp>
 #include <CoinPackedMatrix.hpp>
+
 #include <stdexcept>
 
 #include "problem_builder.h"

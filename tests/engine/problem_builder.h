@@ -1,6 +1,5 @@
 // Builds small engine problems row by row for the tests.
-#ifndef KLO_TESTS_ENGINE_PROBLEM_BUILDER_H
-#define KLO_TESTS_ENGINE_PROBLEM_BUILDER_H
+#pragma once
 
 #include <string>
 #include <utility>
@@ -63,5 +62,3 @@ Problem readInstance(const std::string& name);
 Problem knapsack();
 
 }  // namespace klo::engine::test
-
-#endif

@@ -8,15 +8,15 @@
 #include "klo_fake.h"
 
 class FakeTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        klo_fake::reset();
-        KLOloadenv(&env, nullptr);
-        KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr);
-        klo_fake::reset();
-    }
-    void TearDown() override { klo_fake::reset(); }
+ protected:
+  void SetUp() override {
+    klo_fake::reset();
+    KLOloadenv(&env, nullptr);
+    KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr);
+    klo_fake::reset();
+  }
+  void TearDown() override { klo_fake::reset(); }
 
-    KLOenv* env = nullptr;
-    KLOmodel* model = nullptr;
+  KLOenv* env = nullptr;
+  KLOmodel* model = nullptr;
 };

@@ -1,9 +1,9 @@
 // The answer check's figures on answers with one known fault each.
+#include "solve/answer_check.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
-
-#include "solve/answer_check.h"
 
 namespace klotest {
 namespace {
@@ -39,9 +39,17 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
   const Case cases[] = {
       {"none", [](Problem&, Result&) {}, &Violations::dual, 0.0},
       // 0.5 over the bound 4, relative to it.
-      {"column bound", [](Problem&, Result& r) { r.x = {4.5, 0}; }, &Violations::bound, 0.125},
+      {"column bound",
+       [](Problem&, Result& r) {
+         r.x = {4.5, 0};
+       },
+       &Violations::bound, 0.125},
       // Short of the row's bound 2 by 0.5.
-      {"row bound", [](Problem&, Result& r) { r.x = {1.5, 0}; }, &Violations::row, 0.25},
+      {"row bound",
+       [](Problem&, Result& r) {
+         r.x = {1.5, 0};
+       },
+       &Violations::row, 0.25},
       // x0^2 <= 3 at x0 = 2: over by 1, relative to 3.
       {"quadratic row",
        [](Problem& p, Result&) {
@@ -57,7 +65,11 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
       // A >= row at its bound with a negative dual.
       {"row dual sign", [](Problem&, Result& r) { r.duals = {-1}; }, &Violations::dual, 2.0},
       // The row is slack by 1 at x0 = 3 yet has dual 1: 1 * 1 over |objective| 3.
-      {"complementarity", [](Problem&, Result& r) { r.x = {3, 0}; r.objective = 3; },
+      {"complementarity",
+       [](Problem&, Result& r) {
+         r.x = {3, 0};
+         r.objective = 3;
+       },
        &Violations::complementarity, 1.0 / 3},
       {"integrality",
        [](Problem& p, Result& r) {
@@ -65,7 +77,11 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
          r.x = {2.3, 0};
        },
        &Violations::integrality, 0.3},
-      {"SOS", [](Problem& p, Result& r) { p.sos.push_back({1, {0, 1}, {1, 2}}); r.x = {2, 1}; },
+      {"SOS",
+       [](Problem& p, Result& r) {
+         p.sos.push_back({1, {0, 1}, {1, 2}});
+         r.x = {2, 1};
+       },
        &Violations::sos, 1.0},
       // Semi-continuous in [1, 4]: 0 is allowed, 0.5 is not.
       {"semi-continuous",

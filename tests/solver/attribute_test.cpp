@@ -126,23 +126,16 @@ class Attributes : public klotest::ModelTest {
     int nnz = 0;
     if (c.level == Model) {
       switch (c.type) {
-        case Int:
-          return KLOgetintattr(model, c.name, &i);
-        case Dbl:
-          return KLOgetdblattr(model, c.name, &d);
-        default:
-          return KLOgetstrattr(model, c.name, &s);
+        case Int: return KLOgetintattr(model, c.name, &i);
+        case Dbl: return KLOgetdblattr(model, c.name, &d);
+        default: return KLOgetstrattr(model, c.name, &s);
       }
     }
     switch (c.type) {
-      case Int:
-        return KLOgetintattrelement(model, c.name, 0, &i);
-      case Dbl:
-        return KLOgetdblattrelement(model, c.name, 0, &d);
-      case Chr:
-        return KLOgetcharattrelement(model, c.name, 0, &ch);
-      case Str:
-        return KLOgetstrattrelement(model, c.name, 0, &s);
+      case Int: return KLOgetintattrelement(model, c.name, 0, &i);
+      case Dbl: return KLOgetdblattrelement(model, c.name, 0, &d);
+      case Chr: return KLOgetcharattrelement(model, c.name, 0, &ch);
+      case Str: return KLOgetstrattrelement(model, c.name, 0, &s);
       default:
         return KLOgetmatattrelement(model, c.name, 0, &nnz, nullptr, nullptr, nullptr, nullptr);
     }

@@ -44,14 +44,27 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
   const Case cases[] = {
       {"LP", [](Problem&) {}, ModelClass::LP, "Clp"},
       {"MIP", [](Problem& p) { p.colType[0] = 'I'; }, ModelClass::MIP, "Cbc"},
-      {"SOS", [](Problem& p) { p.sos.push_back({1, {0, 1}, {1, 2}}); }, ModelClass::MIP, "Cbc"},
+      {"SOS",
+       [](Problem& p) {
+         p.sos.push_back({1, {0, 1}, {1, 2}});
+       },
+       ModelClass::MIP, "Cbc"},
       {"semi-continuous", [](Problem& p) { p.colType[1] = 'S'; }, ModelClass::MIP,
        "has semi-continuous or semi-integer variables, which no engine"},
-      {"indicator", [](Problem& p) { p.indicators.push_back({0, 1, {1}, {1.0}, '<', 1}); },
+      {"indicator",
+       [](Problem& p) {
+         p.indicators.push_back({0, 1, {1}, {1.0}, '<', 1});
+       },
        ModelClass::MIP, "has indicator constraints"},
-      {"QP", [](Problem& p) { p.objQuad = {{0}, {0}, {1.0}}; }, ModelClass::QP,
-       "has quadratic objective terms"},
-      {"QCQP", [](Problem& p) { p.quadRows.push_back({0, {{0}, {1}, {1.0}}}); },
+      {"QP",
+       [](Problem& p) {
+         p.objQuad = {{0}, {0}, {1.0}};
+       },
+       ModelClass::QP, "has quadratic objective terms"},
+      {"QCQP",
+       [](Problem& p) {
+         p.quadRows.push_back({0, {{0}, {1}, {1.0}}});
+       },
        ModelClass::QCQP, "has quadratic constraints"},
       {"MIQP",
        [](Problem& p) {
@@ -59,8 +72,11 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
          p.objQuad = {{0}, {1}, {1.0}};
        },
        ModelClass::MIQP, "has quadratic objective terms"},
-      {"SDP", [](Problem& p) { p.psdVars.push_back({2, {}}); }, ModelClass::SDP,
-       "has PSD variables"},
+      {"SDP",
+       [](Problem& p) {
+         p.psdVars.push_back({2, {}});
+       },
+       ModelClass::SDP, "has PSD variables"},
       {"PSD with integers",
        [](Problem& p) {
          p.colType[0] = 'I';
@@ -152,10 +168,10 @@ class CheckedSolve : public testing::Test {
   void SetUp() override { script = &script_; }
   void TearDown() override { script = nullptr; }
   klo::engine::Result solve() {
-    klo::engine::EngineEntry scripted{ScriptedRun::kName, {}, [] {
-                                        return std::unique_ptr<klo::engine::Engine>(
-                                            new klo::engine::RunEngine<ScriptedRun>());
-                                      }};
+    klo::engine::EngineEntry scripted{
+        ScriptedRun::kName, {}, [] {
+          return std::unique_ptr<klo::engine::Engine>(new klo::engine::RunEngine<ScriptedRun>());
+        }};
     scripted.caps.duals = scripted.caps.basis = true;
     return klo::checkedSolve(twoColumns(), klo::engine::Settings{}, {}, "test", {scripted});
   }

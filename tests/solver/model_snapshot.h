@@ -1,7 +1,6 @@
 // A text picture of everything a model holds, read through the C interface
 // only: two models are the same when their snapshots are equal.
-#ifndef KLO_TESTS_SOLVER_MODEL_SNAPSHOT_H
-#define KLO_TESTS_SOLVER_MODEL_SNAPSHOT_H
+#pragma once
 
 #include <string>
 
@@ -22,5 +21,3 @@ std::string snapshot(KLOmodel* model, SnapshotOptions options = {});
 bool sameNumbers(const std::string& a, const std::string& b, double relTol);
 
 }  // namespace klotest
-
-#endif

@@ -1,8 +1,9 @@
 // The engine's copy of a model carries every part of it, in the
 // conventions problem.h documents.
+#include "solve/problem_from_model.h"
+
 #include <vector>
 
-#include "solve/problem_from_model.h"
 #include "store/model.h"
 #include "test_support.h"
 

@@ -78,8 +78,7 @@ TEST_F(SolveAnalysis, FeasRelaxRefusals) {
   EXPECT_EQ(KLOfeasrelax(model, 1, 0, nullptr, nullptr, rhspen, &f), KLO_ERROR_NOT_SUPPORTED);
   EXPECT_NE(modelError().find("squared"), std::string::npos);
   EXPECT_EQ(KLOfeasrelax(model, 3, 0, nullptr, nullptr, rhspen, &f), KLO_ERROR_INVALID_ARGUMENT);
-  EXPECT_EQ(KLOfeasrelax(model, 0, 0, nullptr, nullptr, negative, &f),
-            KLO_ERROR_INVALID_ARGUMENT);
+  EXPECT_EQ(KLOfeasrelax(model, 0, 0, nullptr, nullptr, negative, &f), KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_NE(modelError().find("rhspen[1]"), std::string::npos);
   EXPECT_EQ(intAttr("Status"), KLO_STATUS_UNSTARTED) << "refusals leave no results";
   // Nothing may be relaxed: no relaxed point, and the status says why.

@@ -12,13 +12,13 @@ namespace {
 struct Seen {
   KLOmodel* model = nullptr;
   int numVars = 0;
-  std::vector<double> incumbents;   // objectives at KLO_CB_MIPSOL
+  std::vector<double> incumbents;    // objectives at KLO_CB_MIPSOL
   std::vector<double> lastSolution;  // the last incumbent's values
   int simplexCalls = 0;
   int nodeCalls = 0;
-  int optimizeInside = 0;   // KLOoptimize from inside
-  int changeInside = 0;     // a change from inside
-  int freeInside = 0;       // KLOfreemodel from inside
+  int optimizeInside = 0;  // KLOoptimize from inside
+  int changeInside = 0;    // a change from inside
+  int freeInside = 0;      // KLOfreemodel from inside
   bool stopAtFirstIncumbent = false;
   int badGets = 0;  // information refused at the wrong location
 };

@@ -1,7 +1,6 @@
 // Shared pieces of the solving tests: small models built through the C
 // interface, and readers of the result attributes.
-#ifndef KLO_TESTS_SOLVER_SOLVE_FIXTURE_H
-#define KLO_TESTS_SOLVER_SOLVE_FIXTURE_H
+#pragma once
 
 #include <string>
 #include <utility>
@@ -67,5 +66,3 @@ class SolveTest : public ModelTest {
 };
 
 }  // namespace klotest
-
-#endif

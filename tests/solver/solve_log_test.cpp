@@ -34,8 +34,7 @@ TEST_F(SolveLog, ParametersTheChosenEngineDoesNotUseAreNamed) {
   setInt("SPX/MaxIterations", 1000);
   optimize();
   const std::string log = file.read();
-  EXPECT_NE(log.find("Clp does not use parameter \"MIP/GapRel\" (set to 0.01)"),
-            std::string::npos)
+  EXPECT_NE(log.find("Clp does not use parameter \"MIP/GapRel\" (set to 0.01)"), std::string::npos)
       << log;
   EXPECT_EQ(log.find("SPX/MaxIterations"), std::string::npos) << log;
 }

@@ -45,8 +45,8 @@ TEST_F(SolveLp, MinimisationGivesPrimalAndDualValues) {
   EXPECT_NEAR(y[1], 0.5, 1e-9);
   EXPECT_NEAR(act[0], 4, 1e-9);
   EXPECT_NEAR(act[1], 6, 1e-9);
-  EXPECT_EQ(intArray("ColBasis", 3), (std::vector<int>{KLO_BASIS_BASIC, KLO_BASIS_BASIC,
-                                                       KLO_BASIS_LOWER}));
+  EXPECT_EQ(intArray("ColBasis", 3),
+            (std::vector<int>{KLO_BASIS_BASIC, KLO_BASIS_BASIC, KLO_BASIS_LOWER}));
   EXPECT_EQ(intArray("RowBasis", 2), (std::vector<int>{KLO_BASIS_LOWER, KLO_BASIS_LOWER}));
   EXPECT_EQ(intAttr("SolCount"), 1);
   EXPECT_GT(intAttr("SPX/NumIters"), 0);
@@ -180,18 +180,21 @@ TEST_F(SolveLp, UnsupportedFeaturesAreRefusedAndLoseNothing) {
     void (*add)(KLOmodel*);
   };
   const Case cases[] = {
-      {"quadratic objective", [](KLOmodel* m) {
+      {"quadratic objective",
+       [](KLOmodel* m) {
          const int r[] = {0}, c[] = {0};
          const double v[] = {1};
          ASSERT_EQ(KLOaddqpterms(m, 1, r, c, v), KLO_OK);
        }},
-      {"quadratic constraints", [](KLOmodel* m) {
+      {"quadratic constraints",
+       [](KLOmodel* m) {
          const int r[] = {0}, c[] = {1};
          const double v[] = {1};
          ASSERT_EQ(KLOaddqconstr(m, 0, nullptr, nullptr, 1, r, c, v, '<', 4, "q"), KLO_OK);
        }},
       {"PSD variables", [](KLOmodel* m) { ASSERT_EQ(KLOaddpsdvar(m, 2, "P"), KLO_OK); }},
-      {"indicator constraints", [](KLOmodel* m) {
+      {"indicator constraints",
+       [](KLOmodel* m) {
          ASSERT_EQ(KLOaddvar(m, 0, nullptr, nullptr, 0, 0, 1, 'B', "b"), KLO_OK);
          const int ind[] = {0};
          const double val[] = {1};

@@ -9,7 +9,6 @@
 namespace klotest {
 namespace {
 
-
 TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
   klo::engine::Problem p;
   // x0 S [2, 5], x1 N [-4, -1], x2 S [-1, 3] (holds 0), x3 S [3, inf], x4 C [0, 1]
@@ -44,7 +43,8 @@ TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
   EXPECT_EQ(p.value, (std::vector<double>{1, 1, 1, -2, 1, -5, 1, 4, 1, 1, 1, -3, 1, -100}));
   EXPECT_EQ(p.rowLower, (std::vector<double>{-KLO_INFINITY, 0, -KLO_INFINITY, 0, -KLO_INFINITY, 0,
                                              -KLO_INFINITY}));
-  EXPECT_EQ(p.rowUpper, (std::vector<double>{10, KLO_INFINITY, 0, KLO_INFINITY, 0, KLO_INFINITY, 0}));
+  EXPECT_EQ(p.rowUpper,
+            (std::vector<double>{10, KLO_INFINITY, 0, KLO_INFINITY, 0, KLO_INFINITY, 0}));
   // A start of x switches z on or off; an unset one leaves z unset.
   EXPECT_EQ(p.startValues, (std::vector<double>{4, KLO_UNDEFINED, 0, 0, 1, 1, KLO_UNDEFINED, 0}));
   klo::engine::checkProblem(p);
@@ -73,14 +73,14 @@ TEST_F(SolveSemicontinuous, ZeroOrInsideTheBounds) {
     double rhs, x;
   };
   const Case cases[] = {
-      {1, 'S', 2, 5, '>', 1, 2},            // on: jumps from 1 to its lower bound
-      {-1, 'S', 2, 5, '<', 1.5, 0},         // off: [2, 5] is out of reach
-      {-1, 'N', 3, 7, '<', 5.5, 5},         // on, and integer
-      {-1, 'N', 3, 7, '<', 2.5, 0},         // off
-      {1, 'S', -5, -2, '>', -3, -3},        // negative range, on
-      {-1, 'S', -5, -2, '>', -3, 0},        // negative range, off
-      {-1, 'S', 2, KLO_INFINITY, '<', 10, 10}, // no upper bound: "MIP/LinearizationBigM" holds
-      {1, 'S', -1, 3, '>', -0.5, -0.5},     // [-1, 3] holds 0: continuous
+      {1, 'S', 2, 5, '>', 1, 2},                // on: jumps from 1 to its lower bound
+      {-1, 'S', 2, 5, '<', 1.5, 0},             // off: [2, 5] is out of reach
+      {-1, 'N', 3, 7, '<', 5.5, 5},             // on, and integer
+      {-1, 'N', 3, 7, '<', 2.5, 0},             // off
+      {1, 'S', -5, -2, '>', -3, -3},            // negative range, on
+      {-1, 'S', -5, -2, '>', -3, 0},            // negative range, off
+      {-1, 'S', 2, KLO_INFINITY, '<', 10, 10},  // no upper bound: "MIP/LinearizationBigM" holds
+      {1, 'S', -1, 3, '>', -0.5, -0.5},         // [-1, 3] holds 0: continuous
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string(1, c.type) + " [" + std::to_string(c.lb) + ", " +

@@ -92,8 +92,8 @@ TEST_F(SolveWarm, AfterAddingARow) {
   const int beg = 0;
   const char gt = '>';
   const double rhs = target - constant;
-  ASSERT_EQ(KLOaddconstrs(model, 1, static_cast<int>(ind.size()), &beg, ind.data(), val.data(),
-                          &gt, &rhs, nullptr),
+  ASSERT_EQ(KLOaddconstrs(model, 1, static_cast<int>(ind.size()), &beg, ind.data(), val.data(), &gt,
+                          &rhs, nullptr),
             KLO_OK);
   expectWarmWins();
   EXPECT_NEAR(dbl("ObjVal"), target, 1e-6 * std::fabs(target));

@@ -1,6 +1,5 @@
 // Shared fixtures of the conformance tests of the C interface.
-#ifndef KLO_TESTS_SOLVER_TEST_SUPPORT_H
-#define KLO_TESTS_SOLVER_TEST_SUPPORT_H
+#pragma once
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -89,5 +88,3 @@ class ModelTest : public EnvTest {
 };
 
 }  // namespace klotest
-
-#endif

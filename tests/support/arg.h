@@ -22,18 +22,18 @@ using Writer = void (*)(void* target, const Value& value, Kept& kept);
 using ArrayMaker = Value (*)(const void* data, std::size_t length);
 
 struct Arg {
-    Value value = Null{};          // the recorded form
-    void* target = nullptr;        // output pointer (null: not written)
-    Writer write = nullptr;        // set for output arguments
-    bool makesHandle = false;      // unscripted, receives a fresh handle
-    ArrayMaker unsized = nullptr;  // array whose length a script supplies
+  Value value = Null{};          // the recorded form
+  void* target = nullptr;        // output pointer (null: not written)
+  Writer write = nullptr;        // set for output arguments
+  bool makesHandle = false;      // unscripted, receives a fresh handle
+  ArrayMaker unsized = nullptr;  // array whose length a script supplies
 
-    explicit Arg(Value v) : value(std::move(v)) {}
-    Arg(int v) : value(static_cast<long long>(v)) {}
-    Arg(double v) : value(v) {}
-    Arg(char v) : value(v) {}
-    Arg(KLOenv* p);
-    Arg(KLOmodel* p);
+  explicit Arg(Value v) : value(std::move(v)) {}
+  Arg(int v) : value(static_cast<long long>(v)) {}
+  Arg(double v) : value(v) {}
+  Arg(char v) : value(v) {}
+  Arg(KLOenv* p);
+  Arg(KLOmodel* p);
 };
 
 // An opaque pointer (callback data, user data, function pointer).

@@ -16,32 +16,32 @@ namespace klo_fake {
 // One recorded argument.  Null pointers and null arrays are Null; other
 // pointers (environments, models, output addresses) are Pointer.
 struct Null {
-    bool operator==(const Null&) const { return true; }
+  bool operator==(const Null&) const { return true; }
 };
 struct Pointer {
-    const void* address;
-    bool operator==(const Pointer& o) const { return address == o.address; }
+  const void* address;
+  bool operator==(const Pointer& o) const { return address == o.address; }
 };
 using Value = std::variant<Null, Pointer, long long, double, char, std::string, std::vector<int>,
                            std::vector<double>, std::vector<char>, std::vector<std::string>>;
 
 struct Call {
-    std::string function;
-    std::vector<Value> args;
+  std::string function;
+  std::vector<Value> args;
 
-    // Readable form used in assertions, e.g.
-    //   KLOaddrangeconstr(ptr, 2, [0, 1], [1, 2], -1e+20, 5, "c")
-    // Pointers print as ptr, null pointers and arrays as null, doubles with
-    // up to 17 significant digits, strings quoted.
-    std::string str() const;
+  // Readable form used in assertions, e.g.
+  //   KLOaddrangeconstr(ptr, 2, [0, 1], [1, 2], -1e+20, 5, "c")
+  // Pointers print as ptr, null pointers and arrays as null, doubles with
+  // up to 17 significant digits, strings quoted.
+  std::string str() const;
 
-    // Typed access to argument i; throws std::logic_error on a type mismatch.
-    long long integer(std::size_t i) const;
-    double real(std::size_t i) const;
-    const std::string& text(std::size_t i) const;
-    const void* pointer(std::size_t i) const;  // null for Null
-    const std::vector<int>& ints(std::size_t i) const;
-    const std::vector<double>& doubles(std::size_t i) const;
+  // Typed access to argument i; throws std::logic_error on a type mismatch.
+  long long integer(std::size_t i) const;
+  double real(std::size_t i) const;
+  const std::string& text(std::size_t i) const;
+  const void* pointer(std::size_t i) const;  // null for Null
+  const std::vector<int>& ints(std::size_t i) const;
+  const std::vector<double>& doubles(std::size_t i) const;
 };
 
 // Forget every recorded call and every script.
@@ -76,38 +76,38 @@ std::vector<Call> callsOf(const std::string& function);
 //  - A scripted value that cannot be written through the argument's C type
 //    (a string through an int*, say) throws std::logic_error.
 class Script {
-public:
-    // Status of every call.
-    Script& status(int s);
-    // Status of the k-th call (from 0) matched by this script; calls past the
-    // end of the list get the last entry.
-    Script& statuses(std::vector<int> s);
-    // Value written through the output pointer argument at position pos
-    // (0-based over all arguments) on every call; ignored when that pointer
-    // is null.  Arrays are copied element by element into the pointed-to
-    // memory, strings into a char buffer (or, for a `const char**`, a
-    // pointer to text kept by the fake).
-    Script& out(std::size_t pos, Value v);
-    // The same, per call: call k writes values[k] (the last one repeats).
-    Script& outs(std::size_t pos, std::vector<Value> values);
-    // Pointer returned by a pointer-returning function (KLOcopymodel,
-    // KLOgetenv, KLOgetmultiobjenv); nullptr makes it return null.
-    Script& returns(const void* p);
-    // Length of the array argument at position pos where the interface does
-    // not carry it (the penalties of KLOfeasrelax, the proposal of
-    // KLOcbsolution and KLOcbsolutionp, mind and mval of
-    // KLOaddrangepsdconstr).  Without it such an array is recorded as a
-    // Pointer, since the fake cannot know how much it may read.
-    Script& arrayLength(std::size_t pos, std::size_t n);
+ public:
+  // Status of every call.
+  Script& status(int s);
+  // Status of the k-th call (from 0) matched by this script; calls past the
+  // end of the list get the last entry.
+  Script& statuses(std::vector<int> s);
+  // Value written through the output pointer argument at position pos
+  // (0-based over all arguments) on every call; ignored when that pointer
+  // is null.  Arrays are copied element by element into the pointed-to
+  // memory, strings into a char buffer (or, for a `const char**`, a
+  // pointer to text kept by the fake).
+  Script& out(std::size_t pos, Value v);
+  // The same, per call: call k writes values[k] (the last one repeats).
+  Script& outs(std::size_t pos, std::vector<Value> values);
+  // Pointer returned by a pointer-returning function (KLOcopymodel,
+  // KLOgetenv, KLOgetmultiobjenv); nullptr makes it return null.
+  Script& returns(const void* p);
+  // Length of the array argument at position pos where the interface does
+  // not carry it (the penalties of KLOfeasrelax, the proposal of
+  // KLOcbsolution and KLOcbsolutionp, mind and mval of
+  // KLOaddrangepsdconstr).  Without it such an array is recorded as a
+  // Pointer, since the fake cannot know how much it may read.
+  Script& arrayLength(std::size_t pos, std::size_t n);
 
-private:
-    friend struct Engine;
-    std::vector<int> statuses_;
-    std::vector<std::pair<std::size_t, std::vector<Value>>> outs_;
-    bool returnsSet_ = false;
-    const void* returns_ = nullptr;
-    std::size_t matched_ = 0;
-    std::vector<std::pair<std::size_t, std::size_t>> lengths_;
+ private:
+  friend struct Engine;
+  std::vector<int> statuses_;
+  std::vector<std::pair<std::size_t, std::vector<Value>>> outs_;
+  bool returnsSet_ = false;
+  const void* returns_ = nullptr;
+  std::size_t matched_ = 0;
+  std::vector<std::pair<std::size_t, std::size_t>> lengths_;
 };
 
 Script& on(const std::string& function);
@@ -122,8 +122,8 @@ void errorMessage(const std::string& text);
 // The callback registered by the last KLOsetcallbackfunc, so that tests can
 // drive it as the library would.
 struct Registered {
-    int (*fn)(const void*, void*, int, const void*) = nullptr;
-    void* usrdata = nullptr;
+  int (*fn)(const void*, void*, int, const void*) = nullptr;
+  void* usrdata = nullptr;
 };
 Registered registeredCallback();
 

@@ -15,6 +15,8 @@ void check(KLOenv* env, int status) {
 
 Environment::Environment() { check(nullptr, KLOemptyenv(&env)); }
 
-Model::Model(KLOenv* e, const std::string& file) { check(e, KLOreadmodel(e, file.c_str(), &model)); }
+Model::Model(KLOenv* e, const std::string& file) {
+  check(e, KLOreadmodel(e, file.c_str(), &model));
+}
 
 }  // namespace klo_cl

@@ -37,8 +37,8 @@ int fail(const std::string& what, const klo_cl::LibraryError& e) {
 // to the system and returns as fresh pages to fault in. A short-lived solver
 // process does better keeping freed memory for reuse.
 void keepFreedMemory() {
-    mallopt(M_MMAP_THRESHOLD, 16 << 20);
-    mallopt(M_TRIM_THRESHOLD, 64 << 20);
+  mallopt(M_MMAP_THRESHOLD, 16 << 20);
+  mallopt(M_TRIM_THRESHOLD, 64 << 20);
 }
 
 int solve(KLOenv* env, const klo_cl::Options& options) {
@@ -65,14 +65,14 @@ int solve(KLOenv* env, const klo_cl::Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    keepFreedMemory();
-    klo_cl::Options options;
-    try {
-        options = klo_cl::parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
-    } catch (const klo_cl::UsageError& e) {
-        std::cerr << "klo_cl: " << e.what() << "\n" << kUsage;
-        return 2;
-    }
+  keepFreedMemory();
+  klo_cl::Options options;
+  try {
+    options = klo_cl::parseCommandLine(std::vector<std::string>(argv + 1, argv + argc));
+  } catch (const klo_cl::UsageError& e) {
+    std::cerr << "klo_cl: " << e.what() << "\n" << kUsage;
+    return 2;
+  }
   try {
     klo_cl::Environment environment;  // parameters first, so that LogFile applies from the start
     KLOenv* env = environment.env;

@@ -9,15 +9,15 @@
 namespace klo_cl {
 
 struct Options {
-    bool help = false;
-    std::vector<std::pair<std::string, std::string>> parameters;  // Name=value, in order
-    std::vector<std::string> resultFiles;                         // ResultFile=...
-    std::string modelFile;
+  bool help = false;
+  std::vector<std::pair<std::string, std::string>> parameters;  // Name=value, in order
+  std::vector<std::string> resultFiles;                         // ResultFile=...
+  std::string modelFile;
 };
 
 // A command line that cannot be used; the message says why.
 struct UsageError : std::runtime_error {
-    using std::runtime_error::runtime_error;
+  using std::runtime_error::runtime_error;
 };
 
 // Reads `klo_cl [--help] [Name=value ...] model-file`.

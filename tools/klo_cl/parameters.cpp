@@ -1,13 +1,13 @@
 #include "parameters.h"
 
 #include <klo_cpp.h>  // the parameter name tables
+#include <strings.h>
 
 #include <cerrno>
-#include <cmath>
 #include <climits>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <strings.h>
 
 #include "library.h"
 #include "options.h"
@@ -21,26 +21,26 @@ constexpr int kDoubleParams = 18;
 
 // Index of name in table (letter case ignored), or -1.
 int find(const char* const* table, int size, const std::string& name) {
-    for (int i = 0; i < size; ++i)
-        if (strcasecmp(table[i], name.c_str()) == 0) return i;
-    return -1;
+  for (int i = 0; i < size; ++i)
+    if (strcasecmp(table[i], name.c_str()) == 0) return i;
+  return -1;
 }
 
 long parseInteger(const std::string& name, const std::string& text) {
-    char* end = nullptr;
-    errno = 0;
-    long v = std::strtol(text.c_str(), &end, 10);
-    if (end == text.c_str() || *end != '\0' || errno == ERANGE || v < INT_MIN || v > INT_MAX)
-        throw UsageError("parameter " + name + " takes a whole number, not '" + text + "'");
-    return v;
+  char* end = nullptr;
+  errno = 0;
+  long v = std::strtol(text.c_str(), &end, 10);
+  if (end == text.c_str() || *end != '\0' || errno == ERANGE || v < INT_MIN || v > INT_MAX)
+    throw UsageError("parameter " + name + " takes a whole number, not '" + text + "'");
+  return v;
 }
 
 double parseReal(const std::string& name, const std::string& text) {
-    char* end = nullptr;
-    double v = std::strtod(text.c_str(), &end);
-    if (end == text.c_str() || *end != '\0' || std::isnan(v))
-        throw UsageError("parameter " + name + " takes a number, not '" + text + "'");
-    return v;
+  char* end = nullptr;
+  double v = std::strtod(text.c_str(), &end);
+  if (end == text.c_str() || *end != '\0' || std::isnan(v))
+    throw UsageError("parameter " + name + " takes a number, not '" + text + "'");
+  return v;
 }
 
 }  // namespace
@@ -60,8 +60,7 @@ void setParameter(KLOenv* env, const std::string& name, const std::string& value
 
 void listParameters(KLOenv* env, std::ostream& out) {
   char line[160];
-  std::snprintf(line, sizeof line, "  %-34s %-7s %12s  %s\n", "name", "type", "default",
-                "range");
+  std::snprintf(line, sizeof line, "  %-34s %-7s %12s  %s\n", "name", "type", "default", "range");
   out << line;
   for (int p = 0; p < kIntParams; ++p) {
     int value, min, max, def;

@@ -47,16 +47,17 @@ void printViolations(KLOmodel* model, std::ostream& out) {
   line(out, "Primal violation", primal);
   double dual = 0;
   if (KLOgetdblattr(model, "MaxDualViolation", &dual) == 0)
-    line(out, "Dual violation", number("%.2g", dual) + ", complementarity " +
-                                    optional(model, "MaxComplViolation", "%.2g"));
+    line(
+        out, "Dual violation",
+        number("%.2g", dual) + ", complementarity " + optional(model, "MaxComplViolation", "%.2g"));
 }
 
 }  // namespace
 
 void printModelSize(KLOmodel* model, const std::string& file, std::ostream& out) {
   out << "Read " << file << ": " << intAttr(model, "NumConstrs") << " rows, "
-      << intAttr(model, "NumVars") << " columns (" << intAttr(model, "NumIntVars")
-      << " integer), " << intAttr(model, "NumNZs") << " nonzeros\n";
+      << intAttr(model, "NumVars") << " columns (" << intAttr(model, "NumIntVars") << " integer), "
+      << intAttr(model, "NumNZs") << " nonzeros\n";
 }
 
 void printSummary(KLOmodel* model, std::ostream& out) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "engine/log.h"
+#include "klo_c.h"
 
 namespace klo::engine {
 namespace {

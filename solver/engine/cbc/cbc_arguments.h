@@ -1,8 +1,7 @@
 // The command line handed to Cbc's own solver driver (CbcMain1): Cbc's
 // good defaults for cuts, heuristics and preprocessing, with our settings
 // translated into its options.
-#ifndef KLO_SOLVER_ENGINE_CBC_ARGUMENTS_H
-#define KLO_SOLVER_ENGINE_CBC_ARGUMENTS_H
+#pragma once
 
 #include <string>
 #include <vector>
@@ -22,5 +21,3 @@ std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, doubl
 int cbcLogLevel(const Settings& s);
 
 }  // namespace klo::engine
-
-#endif

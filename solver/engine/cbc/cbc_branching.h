@@ -2,8 +2,7 @@
 // (ahead of every integer) is infeasible exactly while a request for the
 // current node waits, and then branches on the requested column with
 // Cbc's own integer branching object.
-#ifndef KLO_SOLVER_ENGINE_CBC_BRANCHING_H
-#define KLO_SOLVER_ENGINE_CBC_BRANCHING_H
+#pragma once
 
 #include <CbcObject.hpp>
 
@@ -31,5 +30,3 @@ class RequestedBranch : public CbcObject {
 };
 
 }  // namespace klo::engine
-
-#endif

@@ -30,7 +30,10 @@
 //    through postProcessedSolver(1).
 //  - A MIP start is matched by column name, so columns get names.
 //  - 1e20 is a finite bound to Clp underneath: bounds go in as COIN_DBL_MAX.
+// Cbc's headers need its model declared first.
+// clang-format off
 #include <CbcModel.hpp>
+// clang-format on
 #include <CbcCutGenerator.hpp>
 #include <CbcSOS.hpp>
 #include <CbcSolver.hpp>
@@ -41,13 +44,13 @@
 #include <cmath>
 #include <mutex>
 
+#include "common/status_text.h"
 #include "engine/cbc/cbc_arguments.h"
 #include "engine/cbc/cbc_hooks.h"
 #include "engine/coin/coin_problem.h"
-#include "engine/engine.h"
 #include "engine/coin/log_handler.h"
+#include "engine/engine.h"
 #include "engine/log.h"
-#include "common/status_text.h"
 #include "engine/problem_eval.h"
 #include "klo_c.h"
 
@@ -73,8 +76,9 @@ class CbcRun {
     CbcMain0(model, data);
     model.setLogLevel(cbcLogLevel(s_));
     install(model);
-    const double timeLeft =
-        s_.maxTime >= KLO_INFINITY ? KLO_INFINITY : std::max(0.0, s_.maxTime - state_.ctx.runtime());
+    const double timeLeft = s_.maxTime >= KLO_INFINITY
+                                ? KLO_INFINITY
+                                : std::max(0.0, s_.maxTime - state_.ctx.runtime());
     std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
     std::vector<const char*> argv;
     for (const std::string& a : args) argv.push_back(a.c_str());
@@ -173,7 +177,8 @@ class CbcRun {
     switch (m.secondaryStatus()) {
       case 0:
       case 2: return r_.hasSolution ? KLO_STATUS_OPTIMAL : KLO_STATUS_INFEASIBLE;
-      case 1: return std::fabs(s_.cutoff) < KLO_INFINITY ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
+      case 1:
+        return std::fabs(s_.cutoff) < KLO_INFINITY ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
       case 3: return KLO_STATUS_NODE_LIMIT;
       case 4: return KLO_STATUS_TIME_LIMIT;
       case 5: return KLO_STATUS_INTERRUPTED;

@@ -68,7 +68,8 @@ void NodeCallbackCuts::generateCuts(const OsiSolverInterface& si, OsiCuts& cs,
   if (si.getNumCols() != s.problem.numCols()) return;
   // An integral node point is a candidate: its lazy rows must be cuts here,
   // before Cbc takes the point as a solution.
-  if (s.ctx.lazyConstraints && s.isIntegral(si.getColSolution())) s.checkCandidate(si.getColSolution());
+  if (s.ctx.lazyConstraints && s.isIntegral(si.getColSolution()))
+    s.checkCandidate(si.getColSolution());
   s.addViolatedLazyRows(si.getColSolution(), cs);
   if (s.stopRequested) return;
   s.ctx.nodeRelaxation = si.getColSolution();
@@ -83,9 +84,9 @@ void NodeCallbackCuts::generateCuts(const OsiSolverInterface& si, OsiCuts& cs,
 
 int ProposedSolutions::solution(double& objectiveValue, double* newSolution) {
   auto& pending = state_->proposals;
-  auto best = std::min_element(pending.begin(), pending.end(), [](const Proposal& a, const Proposal& b) {
-    return a.cbcObjective < b.cbcObjective;
-  });
+  auto best = std::min_element(
+      pending.begin(), pending.end(),
+      [](const Proposal& a, const Proposal& b) { return a.cbcObjective < b.cbcObjective; });
   int found = 0;
   if (best != pending.end() && best->cbcObjective < objectiveValue) {
     std::copy(best->x.begin(), best->x.end(), newSolution);

@@ -2,8 +2,7 @@
 // lines, the MIP callback and stopping), a cut generator (the node
 // callback and its cuts) and a heuristic (solutions the callback proposes).
 // Cbc clones all three, so they share one SearchState through a pointer.
-#ifndef KLO_SOLVER_ENGINE_CBC_HOOKS_H
-#define KLO_SOLVER_ENGINE_CBC_HOOKS_H
+#pragma once
 
 #include <CbcEventHandler.hpp>
 #include <CbcHeuristic.hpp>
@@ -56,5 +55,3 @@ class ProposedSolutions : public CbcHeuristic {
 };
 
 }  // namespace klo::engine
-
-#endif

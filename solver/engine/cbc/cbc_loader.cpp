@@ -55,11 +55,21 @@ EngineEntry cbcEntry() {
   Capabilities caps;
   caps.features = kIntegers | kSos;
   caps.pool = true;
-  caps.parameters = {"Presolve",          "MaxTime",           "SPX/PrimalTolerance",
-                     "SPX/DualTolerance", "MIP/MaxNodes",      "MIP/MaxSols",
-                     "MIP/GapAbs",        "MIP/GapRel",        "MIP/Cutoff",
-                     "MIP/IntegerTolerance", "MIP/LevelCuts",  "MIP/LevelHeurs",
-                     "MIP/SolutionPoolSize", "MIP/EnableLazyConstr", "NumThreads"};
+  caps.parameters = {"Presolve",
+                     "MaxTime",
+                     "SPX/PrimalTolerance",
+                     "SPX/DualTolerance",
+                     "MIP/MaxNodes",
+                     "MIP/MaxSols",
+                     "MIP/GapAbs",
+                     "MIP/GapRel",
+                     "MIP/Cutoff",
+                     "MIP/IntegerTolerance",
+                     "MIP/LevelCuts",
+                     "MIP/LevelHeurs",
+                     "MIP/SolutionPoolSize",
+                     "MIP/EnableLazyConstr",
+                     "NumThreads"};
   return EngineEntry{"Cbc", caps, makeCbcEngine};
 }
 

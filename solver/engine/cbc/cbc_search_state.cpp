@@ -61,7 +61,8 @@ namespace {
 std::string gapText(double best, double bound) {
   if (std::fabs(best) >= KLO_INFINITY || std::fabs(bound) >= KLO_INFINITY) return "-";
   char buf[32];
-  std::snprintf(buf, sizeof buf, "%.2f%%", 100.0 * std::fabs(best - bound) / std::max(1e-10, std::fabs(best)));
+  std::snprintf(buf, sizeof buf, "%.2f%%",
+                100.0 * std::fabs(best - bound) / std::max(1e-10, std::fabs(best)));
   return buf;
 }
 
@@ -94,8 +95,10 @@ std::vector<double> SearchState::complete(const double* x, bool& ok) const {
   for (int j = 0; j < n; ++j) {
     // Unset: KLO_UNDEFINED, any other value no column can take (magnitude
     // 1e20 or more, as the object layer's "no value" marker) and NaN.
-    if (!(std::fabs(full[j]) < KLO_INFINITY)) missing = true;
-    else lower[j] = upper[j] = full[j];
+    if (!(std::fabs(full[j]) < KLO_INFINITY))
+      missing = true;
+    else
+      lower[j] = upper[j] = full[j];
   }
   if (!missing) return full;
   ClpSimplex lp;
@@ -159,7 +162,8 @@ bool SearchState::violatesLazyRow(const double* x) const {
 
 bool SearchState::isIntegral(const double* x) const {
   for (int j = 0; j < problem.numCols(); ++j)
-    if (integerFlags_[j] && std::fabs(x[j] - std::round(x[j])) > settings.integerTolerance) return false;
+    if (integerFlags_[j] && std::fabs(x[j] - std::round(x[j])) > settings.integerTolerance)
+      return false;
   return true;
 }
 

@@ -1,8 +1,7 @@
 // The state a Cbc search shares with our hooks: what the user's callback
 // sees (the context) and asks for (proposed solutions, cuts, branches, lazy
 // rows), the incumbents found, and the progress log.
-#ifndef KLO_SOLVER_ENGINE_CBC_SEARCH_STATE_H
-#define KLO_SOLVER_ENGINE_CBC_SEARCH_STATE_H
+#pragma once
 
 #include <CbcModel.hpp>
 #include <OsiCuts.hpp>
@@ -76,5 +75,3 @@ class SearchState : public CallbackActions {
 };
 
 }  // namespace klo::engine
-
-#endif

@@ -1,7 +1,6 @@
 // Clp's interior-point method, run directly through ClpInterior so that its
 // iterations are counted and limited (ClpSimplex::barrier reports none).
-#ifndef KLO_SOLVER_ENGINE_CLP_BARRIER_H
-#define KLO_SOLVER_ENGINE_CLP_BARRIER_H
+#pragma once
 
 #include <ClpSimplex.hpp>
 
@@ -19,5 +18,3 @@ struct BarrierRun {
 BarrierRun runInteriorPoint(ClpSimplex& model, const Settings& s, double timeLeft);
 
 }  // namespace klo::engine
-
-#endif

@@ -19,7 +19,8 @@ ClpSimplex::Status clpStatus(int code, double lower, double upper) {
   const bool hasLower = lower > -KLO_INFINITY, hasUpper = upper < KLO_INFINITY;
   switch (code) {
     case KLO_BASIS_BASIC: return ClpSimplex::basic;
-    case KLO_BASIS_SUPERBASIC: return hasLower || hasUpper ? ClpSimplex::superBasic : ClpSimplex::isFree;
+    case KLO_BASIS_SUPERBASIC:
+      return hasLower || hasUpper ? ClpSimplex::superBasic : ClpSimplex::isFree;
     case KLO_BASIS_UPPER:
       if (hasUpper) return ClpSimplex::atUpperBound;
       break;

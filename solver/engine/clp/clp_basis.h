@@ -1,8 +1,7 @@
 // Basis statuses between Clp and KLO_BASIS_... codes.  Both describe a
 // row by its activity (a binding <= row is at its upper bound), so rows and
 // columns convert the same way.
-#ifndef KLO_SOLVER_ENGINE_CLP_BASIS_H
-#define KLO_SOLVER_ENGINE_CLP_BASIS_H
+#pragma once
 
 #include <ClpSimplex.hpp>
 
@@ -21,5 +20,3 @@ bool loadBasis(ClpSimplex& m, const Problem& p);
 void readBasis(const ClpSimplex& m, Result& r);
 
 }  // namespace klo::engine
-
-#endif

@@ -35,13 +35,13 @@
 #include <cmath>
 #include <memory>
 
+#include "common/status_text.h"
 #include "engine/clp/clp_barrier.h"
 #include "engine/clp/clp_basis.h"
 #include "engine/coin/coin_problem.h"
-#include "engine/engine.h"
 #include "engine/coin/log_handler.h"
+#include "engine/engine.h"
 #include "engine/log.h"
-#include "common/status_text.h"
 #include "engine/lp_duals.h"
 #include "engine/problem_eval.h"
 #include "klo_c.h"
@@ -78,8 +78,8 @@ class SimplexEvents : public ClpEventHandler {
 };
 
 struct Outcome {
-  int status = 4;     // Clp's problem status
-  int secondary = 0;  // Clp's secondary status
+  int status = 4;          // Clp's problem status
+  int secondary = 0;       // Clp's secondary status
   bool onOriginal = true;  // the original model holds the final state
 };
 
@@ -102,11 +102,14 @@ class ClpRun {
   void load() {
     m_.passInMessageHandler(&handler_);
     m_.setLogLevel(std::max(0, s_.logLevel));
-    const std::vector<double> colLower = coinBounds(p_.colLower), colUpper = coinBounds(p_.colUpper),
-                              rowLower = coinBounds(p_.rowLower), rowUpper = coinBounds(p_.rowUpper);
+    const std::vector<double> colLower = coinBounds(p_.colLower),
+                              colUpper = coinBounds(p_.colUpper),
+                              rowLower = coinBounds(p_.rowLower),
+                              rowUpper = coinBounds(p_.rowUpper);
     if (p_.columnMajor)  // straight from our arrays: one copy fewer
       m_.loadProblem(p_.numCols(), p_.numRows(), p_.start.data(), p_.index.data(), p_.value.data(),
-                     colLower.data(), colUpper.data(), p_.obj.data(), rowLower.data(), rowUpper.data());
+                     colLower.data(), colUpper.data(), p_.obj.data(), rowLower.data(),
+                     rowUpper.data());
     else
       m_.loadProblem(packedMatrix(p_), colLower.data(), colUpper.data(), p_.obj.data(),
                      rowLower.data(), rowUpper.data());
@@ -203,7 +206,10 @@ class ClpRun {
       if (o.status != 1 && o.status != 2) return o;
       m_.setMaximumWallSeconds(timeLeft());
       lastPrimal_ = o.status == 2;
-      if (lastPrimal_) m_.primal(); else m_.dual();
+      if (lastPrimal_)
+        m_.primal();
+      else
+        m_.dual();
       r_.simplexIterations += m_.numberIterations();
       o = Outcome{m_.status(), m_.secondaryStatus(), true};
     }
@@ -236,8 +242,9 @@ class ClpRun {
       case 1: return KLO_STATUS_INFEASIBLE;
       case 2: return KLO_STATUS_UNBOUNDED;
       case 3:
-        return o.secondary == 9 || secondsSince(started_) >= s_.maxTime ? KLO_STATUS_TIME_LIMIT
-                                                                         : KLO_STATUS_ITERATION_LIMIT;
+        return o.secondary == 9 || secondsSince(started_) >= s_.maxTime
+                   ? KLO_STATUS_TIME_LIMIT
+                   : KLO_STATUS_ITERATION_LIMIT;
       default: return KLO_STATUS_NUMERICAL;
     }
   }
@@ -292,12 +299,17 @@ class ClpRun {
 EngineEntry clpEntry() {
   Capabilities caps;
   caps.duals = caps.rays = caps.basis = true;
-  caps.parameters = {"Method",           "Presolve",           "MaxTime",
-                     "SPX/MaxIterations", "SPX/PrimalTolerance", "SPX/DualTolerance",
-                     "IPM/MaxIterations", "IPM/PrimalTolerance", "IPM/DualTolerance"};
-  return EngineEntry{ClpRun::kName, caps, [] {
-                       return std::unique_ptr<Engine>(std::make_unique<RunEngine<ClpRun>>());
-                     }};
+  caps.parameters = {"Method",
+                     "Presolve",
+                     "MaxTime",
+                     "SPX/MaxIterations",
+                     "SPX/PrimalTolerance",
+                     "SPX/DualTolerance",
+                     "IPM/MaxIterations",
+                     "IPM/PrimalTolerance",
+                     "IPM/DualTolerance"};
+  return EngineEntry{ClpRun::kName, caps,
+                     [] { return std::unique_ptr<Engine>(std::make_unique<RunEngine<ClpRun>>()); }};
 }
 
 }  // namespace klo::engine

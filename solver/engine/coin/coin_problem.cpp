@@ -1,7 +1,10 @@
 #include "engine/coin/coin_problem.h"
 
 #include <CoinFinite.hpp>
+
 #include <vector>
+
+#include "klo_c.h"
 
 namespace klo::engine {
 

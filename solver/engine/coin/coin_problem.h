@@ -1,9 +1,9 @@
 // The Problem's matrix and bounds in COIN-OR's terms, for loading into Clp
 // and the Osi solver under Cbc.
-#ifndef KLO_SOLVER_ENGINE_COIN_PROBLEM_H
-#define KLO_SOLVER_ENGINE_COIN_PROBLEM_H
+#pragma once
 
 #include <CoinPackedMatrix.hpp>
+
 #include <vector>
 
 #include "engine/problem.h"
@@ -17,5 +17,3 @@ CoinPackedMatrix packedMatrix(const Problem& p);
 std::vector<double> coinBounds(const std::vector<double>& bounds);
 
 }  // namespace klo::engine
-
-#endif

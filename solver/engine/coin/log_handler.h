@@ -1,7 +1,6 @@
 // Routes COIN-OR engine messages into the library's log sink instead of
 // stdout.  Severe messages are passed on, never turned into an abort.
-#ifndef KLO_SOLVER_ENGINE_COIN_LOG_HANDLER_H
-#define KLO_SOLVER_ENGINE_COIN_LOG_HANDLER_H
+#pragma once
 
 #include <CoinMessageHandler.hpp>
 
@@ -22,5 +21,3 @@ class SinkMessageHandler : public CoinMessageHandler {
 };
 
 }  // namespace klo::engine
-
-#endif
