@@ -406,9 +406,9 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *   "MaxDualViolation"          model  get  continuous models: largest dual of the wrong sign
  *                                           for where its variable or row stands (see
  *                                           KLOoptimize), relative as described there
- *   "MaxComplViolation"         model  get  continuous models: largest dual times the distance
- *                                           to the bound it belongs to, divided by
- *                                           max(1, |objective|)
+ *   "ComplViolation"            model  get  continuous models: sum of each dual times the
+ *                                           distance to the bound it belongs to, divided by
+ *                                           max(1, |objective|) (the relative duality gap)
  *
  * char
  *   "VType"                     var    set  KLO_CONTINUOUS, KLO_BINARY, KLO_INTEGER, ...
@@ -621,7 +621,7 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  model itself (its own variables and rows, unscaled, after the engine's
  *  presolve is undone): "MaxBoundViolation", "MaxConstrViolation",
  *  "MaxIntViolation", "MaxSOSViolation", and for continuous models
- *  "MaxDualViolation" and "MaxComplViolation".  The dual figures recompute
+ *  "MaxDualViolation" and "ComplViolation".  The dual figures recompute
  *  each reduced cost d_j = c_j - sum_i y_i a_ij from the row duals; a
  *  variable or row at its lower bound needs a dual of the minimisation
  *  sign >= 0, at its upper bound <= 0, strictly between them 0 (any sign
@@ -631,8 +631,9 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  integrality figure within 10 times "MIP/IntegerTolerance" and the dual
  *  figures within 10 times "SPX/DualTolerance" (the engines apply their
  *  tolerances to scaled problems).  An LP answer that fails is cleaned up:
- *  the solve continues from its final basis without presolve, with the
- *  same simplex method, then with the other one (iterations add up); when
+ *  the solve continues from its final basis without presolve, at
+ *  tolerances 100 times tighter, with primal simplex and then with dual
+ *  simplex (iterations add up); when
  *  no answer passes, "Status" is KLO_STATUS_SUBOPTIMAL and the answer with
  *  the smallest violations is kept.  Each step is written to the log.
  *

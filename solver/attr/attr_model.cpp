@@ -98,7 +98,7 @@ void addViolationAttrs(std::vector<AttrDef>& out) {
   attr("MaxIntViolation", [](const KLOmodel& m, int) { return primalFigures(m).integrality; });
   attr("MaxSOSViolation", [](const KLOmodel& m, int) { return primalFigures(m).sos; });
   attr("MaxDualViolation", [](const KLOmodel& m, int) { return dualFigures(m).dual; });
-  attr("MaxComplViolation", [](const KLOmodel& m, int) { return dualFigures(m).complementarity; });
+  attr("ComplViolation", [](const KLOmodel& m, int) { return dualFigures(m).complementarity; });
 }
 
 }  // namespace

@@ -18,8 +18,9 @@ struct Violations {
   // Dual, for continuous models with duals: reduced costs (recomputed from
   // the row duals) and row duals of the wrong sign for the position of
   // their column or row, each divided by max(1, the largest term that
-  // makes it up); and the largest product of a dual and the distance to
-  // the bound it pairs with, divided by max(1, |objective|).
+  // makes it up); and the sum of each dual times the distance to the bound
+  // it pairs with, divided by max(1, |objective|): the relative duality gap
+  // of the answer, which no small per-element error can hide.
   double dual = 0.0;
   double complementarity = 0.0;
   bool dualChecked = false;  // the dual figures were computed

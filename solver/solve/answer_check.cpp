@@ -60,13 +60,13 @@ void measureDuals(const Problem& p, const engine::Result& r, Violations& v, doub
     const double scale = std::max({1.0, std::fabs(g[j]), largest[j]});
     const Position at = positionOf(r.x[j], p.colLower[j], p.colUpper[j], tol);
     v.dual = std::max(v.dual, wrongSign(d, at) / scale);
-    product = std::max(product, slackProduct(d, r.x[j], p.colLower[j], p.colUpper[j]));
+    product += slackProduct(d, r.x[j], p.colLower[j], p.colUpper[j]);
   }
   for (int i = 0; i < p.numRows(); ++i) {
     const double y = p.sense * r.duals[i];
     const Position at = positionOf(r.activities[i], p.rowLower[i], p.rowUpper[i], tol);
     v.dual = std::max(v.dual, wrongSign(y, at) / std::max(1.0, std::fabs(y)));
-    product = std::max(product, slackProduct(y, r.activities[i], p.rowLower[i], p.rowUpper[i]));
+    product += slackProduct(y, r.activities[i], p.rowLower[i], p.rowUpper[i]);
   }
   v.complementarity = product / std::max(1.0, std::fabs(r.objective));
   v.dualChecked = true;

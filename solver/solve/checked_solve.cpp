@@ -16,6 +16,8 @@ namespace {
 using engine::LpMethod;
 using Clock = std::chrono::steady_clock;
 
+constexpr double kTighter = 0.01;
+
 // How badly an answer misses: its worst figure relative to its tolerance.
 double missBy(const engine::Result& r, const engine::Settings& s) {
   const Violations& v = r.violations;
@@ -33,8 +35,10 @@ std::string figures(const Violations& v) {
   return text;
 }
 
-// Simplex continuations from the basis an answer ended with: the same
-// method first, then the other one.
+// Simplex continuations from the basis an answer ended with, at tolerances
+// 100 times tighter (an engine judges optimality on its scaled problem: at
+// the same tolerances it would stop at once): primal simplex first, which
+// repairs what postsolve leaves, then dual.
 class CleanUp {
  public:
   CleanUp(const engine::Problem& p, const engine::Settings& s, const engine::Callback& cb,
@@ -43,9 +47,7 @@ class CleanUp {
 
   engine::Result run(engine::Result first) {
     engine::Result best = std::move(first), work = best;
-    const bool primalFirst = s_.method == LpMethod::Primal || s_.method == LpMethod::Barrier;
-    for (LpMethod m : {primalFirst ? LpMethod::Primal : LpMethod::Dual,
-                       primalFirst ? LpMethod::Dual : LpMethod::Primal}) {
+    for (LpMethod m : {LpMethod::Primal, LpMethod::Dual}) {
       if (work.colBasis.empty() || timeLeft() <= 0) break;
       engine::Result next = continueFrom(work, m);
       engine::addWork(work, next);
@@ -74,6 +76,8 @@ class CleanUp {
     engine::Settings s = s_;
     s.method = method;
     s.presolve = 0;
+    s.primalTolerance *= kTighter;
+    s.dualTolerance *= kTighter;
     if (s.maxTime < KLO_INFINITY) s.maxTime = timeLeft();
     engine::Result r = e_.solve(warm, s, cb_);
     measureAnswer(p_, r);

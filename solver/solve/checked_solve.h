@@ -10,8 +10,9 @@
 namespace klo {
 
 // Solves p.  When an optimal answer fails the check and the engine gave a
-// basis, the solve continues from that basis without presolve, first with
-// the same simplex method, then with the other one; iterations add up.
+// basis, the solve continues from that basis without presolve and at
+// tolerances 100 times tighter, first with primal simplex, then with dual;
+// iterations add up.
 // When no answer passes, the status is KLO_STATUS_SUBOPTIMAL and the answer
 // with the smallest violations is kept.  what names the operation in
 // refusals ("KLOoptimize").  The engine is chosen among `from`.  Throws as

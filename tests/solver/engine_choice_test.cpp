@@ -201,7 +201,8 @@ TEST_F(CheckedSolve, AFailedCheckContinuesFromTheBasisWithoutPresolve) {
   EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
   ASSERT_EQ(script_.settings.size(), 2u);
   EXPECT_EQ(script_.settings[1].presolve, 0);
-  EXPECT_EQ(script_.settings[1].method, klo::engine::LpMethod::Dual);
+  EXPECT_EQ(script_.settings[1].method, klo::engine::LpMethod::Primal);
+  EXPECT_DOUBLE_EQ(script_.settings[1].dualTolerance, 0.01 * klo::engine::Settings{}.dualTolerance);
   EXPECT_EQ(script_.warmColBasis[1], wrongDual_.colBasis);
   EXPECT_EQ(r.simplexIterations, 20) << "both solves' work counts";
   EXPECT_LE(r.violations.dual, 1e-12);
@@ -213,8 +214,8 @@ TEST_F(CheckedSolve, AnAnswerThatNeverPassesIsSuboptimalWithTheLeastViolatedKept
   script_.answers = {shortRow_, worse};
   klo::engine::Result r = solve();
   EXPECT_EQ(r.status, KLO_STATUS_SUBOPTIMAL);
-  ASSERT_EQ(script_.settings.size(), 3u) << "the same simplex method, then the other";
-  EXPECT_EQ(script_.settings[2].method, klo::engine::LpMethod::Primal);
+  ASSERT_EQ(script_.settings.size(), 3u) << "primal simplex, then dual";
+  EXPECT_EQ(script_.settings[2].method, klo::engine::LpMethod::Dual);
   EXPECT_TRUE(r.hasSolution);
   EXPECT_EQ(r.x, (std::vector<double>{1.5, 0}));
   EXPECT_NEAR(r.violations.row, 0.25, 1e-12);

@@ -47,9 +47,8 @@ void printViolations(KLOmodel* model, std::ostream& out) {
   line(out, "Primal violation", primal);
   double dual = 0;
   if (KLOgetdblattr(model, "MaxDualViolation", &dual) == 0)
-    line(
-        out, "Dual violation",
-        number("%.2g", dual) + ", complementarity " + optional(model, "MaxComplViolation", "%.2g"));
+    line(out, "Dual violation",
+         number("%.2g", dual) + ", complementarity " + optional(model, "ComplViolation", "%.2g"));
 }
 
 }  // namespace
