@@ -397,15 +397,16 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *   "MaxBoundViolation"         model  get  largest violation of a variable bound by the
  *                                           solution, divided by max(1, |that bound|)
  *   "MaxConstrViolation"        model  get  the same for row bounds (linear, quadratic and PSD
- *                                           terms of the row counted)
+ *                                           terms of the row counted), divided by the row's
+ *                                           largest term when that is larger
  *   "MaxPrimalViolation"        model  get  the larger of the two
  *   "MaxIntViolation"           model  get  largest distance of an integer variable from the
  *                                           nearest integer
  *   "MaxSOSViolation"           model  get  largest value of an SOS member outside the members
  *                                           the set allows to be non-zero
- *   "MaxDualViolation"          model  get  continuous models: largest dual of the wrong sign
- *                                           for where its variable or row stands (see
- *                                           KLOoptimize), relative as described there
+ *   "MaxDualViolation"          model  get  continuous models: largest reduced cost of the
+ *                                           wrong sign for where its variable stands, row
+ *                                           duals of the wrong sign included (see KLOoptimize)
  *   "ComplViolation"            model  get  continuous models: sum of each dual times the
  *                                           distance to the bound it belongs to, divided by
  *                                           max(1, |objective|) (the relative duality gap)
@@ -621,19 +622,21 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  model itself (its own variables and rows, unscaled, after the engine's
  *  presolve is undone): "MaxBoundViolation", "MaxConstrViolation",
  *  "MaxIntViolation", "MaxSOSViolation", and for continuous models
- *  "MaxDualViolation" and "ComplViolation".  The dual figures recompute
- *  each reduced cost d_j = c_j - sum_i y_i a_ij from the row duals; a
- *  variable or row at its lower bound needs a dual of the minimisation
- *  sign >= 0, at its upper bound <= 0, strictly between them 0 (any sign
- *  when fixed).  A variable's figure is divided by max(1, |c_j|, the
- *  largest |y_i a_ij|), a row's by max(1, |y_i|).  "Optimal" needs the
- *  primal and SOS figures within 10 times "SPX/PrimalTolerance", the
- *  integrality figure within 10 times "MIP/IntegerTolerance" and the dual
- *  figures within 10 times "SPX/DualTolerance" (the engines apply their
- *  tolerances to scaled problems).  An LP answer that fails is cleaned up:
- *  the solve continues from its final basis without presolve, at
- *  tolerances 100 times tighter, with primal simplex and then with dual
- *  simplex (iterations add up); when
+ *  "MaxDualViolation" and "ComplViolation".  A row's violation is divided
+ *  by the largest of 1, the bound and the row's largest term |a_ij x_j|.
+ *  A variable or row within the primal tolerance of a bound is at that
+ *  bound, and its dual in the minimisation sense must be >= 0 at a lower
+ *  bound, <= 0 at an upper one, 0 strictly between them (any sign when
+ *  fixed).  Row duals are first cut to the sign their row allows; each
+ *  reduced cost d_j = c_j - sum_i y_i a_ij is then recomputed from them, and
+ *  one of the wrong sign counts divided by max(1, |c_j|, the largest
+ *  |y_i a_ij|).  "Optimal" needs the primal and SOS figures within 10 times
+ *  "SPX/PrimalTolerance", the integrality figure within 10 times
+ *  "MIP/IntegerTolerance" and the dual figures within 10 times
+ *  "SPX/DualTolerance" (the engines apply their tolerances to scaled
+ *  problems).  An LP answer that fails is cleaned up: the solve continues
+ *  from its final basis without presolve, at tolerances 100 times tighter,
+ *  with primal simplex and then with dual simplex (iterations add up); when
  *  no answer passes, "Status" is KLO_STATUS_SUBOPTIMAL and the answer with
  *  the smallest violations is kept.  Each step is written to the log.
  *

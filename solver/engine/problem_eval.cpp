@@ -8,9 +8,15 @@
 namespace klo::engine {
 namespace {
 
-double quadValue(const QuadTerms& q, const double* x) {
+// The value of the terms, and (when largest is given) the largest term
+// folded into *largest.
+double quadValue(const QuadTerms& q, const double* x, double* largest = nullptr) {
   double v = 0.0;
-  for (int t = 0; t < q.size(); ++t) v += q.val[t] * x[q.row[t]] * x[q.col[t]];
+  for (int t = 0; t < q.size(); ++t) {
+    const double term = q.val[t] * x[q.row[t]] * x[q.col[t]];
+    v += term;
+    if (largest) *largest = std::max(*largest, std::fabs(term));
+  }
   return v;
 }
 
@@ -24,21 +30,23 @@ double innerProduct(const SymMatrix& m, const std::vector<double>& x, int dim) {
   return v;
 }
 
-void addLinear(const Problem& p, const double* x, std::vector<double>& act) {
+void addLinear(const Problem& p, const double* x, std::vector<double>& act,
+               std::vector<double>* largest) {
   const int majors = static_cast<int>(p.start.size()) - 1;
   for (int k = 0; k < majors; ++k)
     for (int e = p.start[k]; e < p.start[k + 1]; ++e) {
-      if (p.columnMajor)
-        act[p.index[e]] += p.value[e] * x[k];
-      else
-        act[k] += p.value[e] * x[p.index[e]];
+      const int row = p.columnMajor ? p.index[e] : k;
+      const double term = p.value[e] * x[p.columnMajor ? k : p.index[e]];
+      act[row] += term;
+      if (largest) (*largest)[row] = std::max((*largest)[row], std::fabs(term));
     }
 }
 
-// Violation of [lo, up] by v, relative to the bound it violates.
-double outside(double v, double lo, double up) {
-  if (lo > -KLO_INFINITY && v < lo) return (lo - v) / std::max(1.0, std::fabs(lo));
-  if (up < KLO_INFINITY && v > up) return (v - up) / std::max(1.0, std::fabs(up));
+// Violation of [lo, up] by v, relative to the larger of the bound it
+// violates and scale.
+double outside(double v, double lo, double up, double scale = 1.0) {
+  if (lo > -KLO_INFINITY && v < lo) return (lo - v) / std::max(scale, std::fabs(lo));
+  if (up < KLO_INFINITY && v > up) return (v - up) / std::max(scale, std::fabs(up));
   return 0.0;
 }
 
@@ -68,13 +76,19 @@ double columnViolation(const Problem& p, int j, double v) {
 
 }  // namespace
 
-std::vector<double> rowActivities(const Problem& p, const double* x, const PsdValues* psdX) {
+std::vector<double> rowActivities(const Problem& p, const double* x, const PsdValues* psdX,
+                                  std::vector<double>* largest) {
   std::vector<double> act(p.numRows(), 0.0);
-  addLinear(p, x, act);
-  for (const QuadRow& q : p.quadRows) act[q.row] += quadValue(q.terms, x);
+  if (largest) largest->assign(p.numRows(), 0.0);
+  addLinear(p, x, act, largest);
+  for (const QuadRow& q : p.quadRows)
+    act[q.row] += quadValue(q.terms, x, largest ? &(*largest)[q.row] : nullptr);
   if (psdX)
-    for (const PsdTerm& t : p.psdTerms)
-      act[t.row] += innerProduct(t.mat, (*psdX)[t.psdVar], p.psdVars[t.psdVar].dim);
+    for (const PsdTerm& t : p.psdTerms) {
+      const double term = innerProduct(t.mat, (*psdX)[t.psdVar], p.psdVars[t.psdVar].dim);
+      act[t.row] += term;
+      if (largest) (*largest)[t.row] = std::max((*largest)[t.row], std::fabs(term));
+    }
   return act;
 }
 
@@ -102,19 +116,20 @@ std::vector<double> transposeTimes(const Problem& p, const std::vector<double>& 
   return z;
 }
 
-Violations primalViolations(const Problem& p, const double* x,
-                            const std::vector<double>* activities, const PsdValues* psdX) {
+Violations primalViolations(const Problem& p, const double* x, const PsdValues* psdX,
+                            std::vector<double>* activities, std::vector<double>* largest) {
   Violations v;
   for (int j = 0; j < p.numCols(); ++j) {
     v.bound = std::max(v.bound, columnViolation(p, j, x[j]));
     if (p.colType[j] != KLO_CONTINUOUS && p.colType[j] != KLO_SEMICONT)
       v.integrality = std::max(v.integrality, std::fabs(x[j] - std::round(x[j])));
   }
-  std::vector<double> own;
-  if (!activities) own = rowActivities(p, x, psdX);
-  const std::vector<double>& act = activities ? *activities : own;
+  std::vector<double> ownLargest;
+  std::vector<double>& terms = largest ? *largest : ownLargest;
+  const std::vector<double> act = rowActivities(p, x, psdX, &terms);
   for (int i = 0; i < p.numRows(); ++i)
-    v.row = std::max(v.row, outside(act[i], p.rowLower[i], p.rowUpper[i]));
+    v.row = std::max(v.row, outside(act[i], p.rowLower[i], p.rowUpper[i], std::max(1.0, terms[i])));
+  if (activities) *activities = act;
   for (const SosSet& s : p.sos) v.sos = std::max(v.sos, sosViolation(s, x));
   return v;
 }

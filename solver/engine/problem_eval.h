@@ -13,9 +13,12 @@ namespace klo::engine {
 // null where a problem has none.
 using PsdValues = std::vector<std::vector<double>>;
 
-// a_i x plus the row's quadratic and PSD terms, for every row.
+// a_i x plus the row's quadratic and PSD terms, for every row; with
+// largest, also each row's largest term in absolute value (the scale of
+// the rounding its activity carries).
 std::vector<double> rowActivities(const Problem& p, const double* x,
-                                  const PsdValues* psdX = nullptr);
+                                  const PsdValues* psdX = nullptr,
+                                  std::vector<double>* largest = nullptr);
 // The objective, constant, quadratic and PSD terms included.
 double objectiveOf(const Problem& p, const double* x, const PsdValues* psdX = nullptr);
 
@@ -24,11 +27,13 @@ double objectiveOf(const Problem& p, const double* x, const PsdValues* psdX = nu
 std::vector<double> transposeTimes(const Problem& p, const std::vector<double>& y,
                                    std::vector<double>* largest = nullptr);
 
-// The primal figures of Violations (bounds, rows, integrality, SOS) of x;
-// activities, when given, are x's row activities.
-Violations primalViolations(const Problem& p, const double* x,
-                            const std::vector<double>* activities = nullptr,
-                            const PsdValues* psdX = nullptr);
+// The primal figures of Violations (bounds, rows, integrality, SOS) of x.
+// A row's violation is relative to the largest of 1, the bound and its
+// largest term.  activities, when given, receives x's row activities and
+// largest their largest terms.
+Violations primalViolations(const Problem& p, const double* x, const PsdValues* psdX = nullptr,
+                            std::vector<double>* activities = nullptr,
+                            std::vector<double>* largest = nullptr);
 // The largest primal figure (with integrality and SOS when integers).
 double maxViolation(const Problem& p, const double* x, bool integers);
 

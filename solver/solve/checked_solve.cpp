@@ -80,7 +80,7 @@ class CleanUp {
     s.dualTolerance *= kTighter;
     if (s.maxTime < KLO_INFINITY) s.maxTime = timeLeft();
     engine::Result r = e_.solve(warm, s, cb_);
-    measureAnswer(p_, r);
+    measureAnswer(p_, r, s_);
     return r;
   }
 
@@ -108,7 +108,7 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
   const engine::EngineEntry& entry = chooseEngine(p, what, from);
   std::unique_ptr<engine::Engine> e = entry.make();
   engine::Result r = e->solve(p, s, cb);
-  measureAnswer(p, r);
+  measureAnswer(p, r, s);
   if (r.status != KLO_STATUS_OPTIMAL || passesCheck(r, s)) return r;
   engine::logLine(s,
                   std::string("Answer check failed (") + figures(r.violations) + "): cleaning up");

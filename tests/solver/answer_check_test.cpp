@@ -50,7 +50,7 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
          r.x = {1.5, 0};
        },
        &Violations::row, 0.25},
-      // x0^2 <= 3 at x0 = 2: over by 1, relative to 3.
+      // x1 + x0^2 <= 3 at x0 = 2: over by 1, relative to its largest term 4.
       {"quadratic row",
        [](Problem& p, Result&) {
          p.rowUpper[0] = 3;
@@ -59,18 +59,21 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
          p.value = {1};
          p.start = {0, 1};
        },
-       &Violations::row, 1.0 / 3},
+       &Violations::row, 0.25},
       // Costing x1 0.5 makes its reduced cost 0.5 - 1 < 0 at its lower bound.
       {"reduced cost sign", [](Problem& p, Result&) { p.obj[1] = 0.5; }, &Violations::dual, 0.5},
-      // A >= row at its bound with a negative dual.
-      {"row dual sign", [](Problem&, Result& r) { r.duals = {-1}; }, &Violations::dual, 2.0},
-      // The row is slack by 1 at x0 = 3 yet has dual 1: 1 * 1 over |objective| 3.
+      // A >= row at its bound with a negative dual: cut to 0, it leaves x0's
+      // reduced cost 1 although x0 is between its bounds.
+      {"row dual sign", [](Problem&, Result& r) { r.duals = {-1}; }, &Violations::dual, 1.0},
+      // At x = (3, 0) the row is slack, so its dual must be 0; then x0's
+      // reduced cost 1 times its distance 3 from its bound is a duality gap
+      // of 3, over |objective| 3.
       {"complementarity",
        [](Problem&, Result& r) {
          r.x = {3, 0};
          r.objective = 3;
        },
-       &Violations::complementarity, 1.0 / 3},
+       &Violations::complementarity, 1.0},
       {"integrality",
        [](Problem& p, Result& r) {
          p.colType[0] = 'I';
@@ -101,7 +104,7 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
     r.duals = {1};
     r.objective = 2;
     c.spoil(p, r);
-    klo::measureAnswer(p, r);
+    klo::measureAnswer(p, r, klo::engine::Settings{});
     EXPECT_NEAR(r.violations.*c.figure, c.expected, 1e-12);
   }
 }
@@ -111,16 +114,16 @@ TEST(AnswerCheck, DualFiguresOnlyForContinuousAnswersWithDuals) {
   Result r;
   r.hasSolution = true;
   r.x = {2, 0};
-  klo::measureAnswer(p, r);
+  klo::measureAnswer(p, r, klo::engine::Settings{});
   EXPECT_FALSE(r.violations.dualChecked) << "no duals";
   r.duals = {1};
   p.colType[1] = 'I';
-  klo::measureAnswer(p, r);
+  klo::measureAnswer(p, r, klo::engine::Settings{});
   EXPECT_FALSE(r.violations.dualChecked) << "integer";
   klo::engine::Settings s;
   EXPECT_TRUE(klo::passesCheck(r, s));
   r.x = {2, 1e-4};  // beyond the integrality tolerance, even with the slack
-  klo::measureAnswer(p, r);
+  klo::measureAnswer(p, r, klo::engine::Settings{});
   EXPECT_FALSE(klo::passesCheck(r, s));
 }
 
