@@ -48,6 +48,18 @@ class EngineTest : public testing::TestWithParam<EngineEntry> {
                const Callback& cb = {}) const {
     return GetParam().make()->solve(p, s, cb);
   }
+  // Solves with that LP method and presolve setting (-1: the engine's choice).
+  Result solveLp(const Problem& p, LpMethod method = LpMethod::Automatic, int presolve = -1) const {
+    Settings s = quietSettings();
+    s.method = method;
+    s.presolve = presolve;
+    return solve(p, s);
+  }
+  // The LP methods the engine lets us choose.
+  std::vector<LpMethod> methods() const {
+    if (!honours("Method")) return {LpMethod::Automatic};
+    return {LpMethod::Dual, LpMethod::Primal, LpMethod::Barrier};
+  }
 };
 
 // What gtest prints for a parameter.

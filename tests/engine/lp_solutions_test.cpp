@@ -15,20 +15,7 @@ namespace {
 
 constexpr double kTol = 1e-7;
 
-class LpSolutions : public EngineTest {
- protected:
-  Result solveLp(const Problem& p, LpMethod method = LpMethod::Automatic, int presolve = -1) {
-    Settings s = quietSettings();
-    s.method = method;
-    s.presolve = presolve;
-    return solve(p, s);
-  }
-  // The methods the engine lets us choose.
-  std::vector<LpMethod> methods() const {
-    if (!honours("Method")) return {LpMethod::Automatic};
-    return {LpMethod::Dual, LpMethod::Primal, LpMethod::Barrier};
-  }
-};
+using LpSolutions = EngineTest;
 
 void expectVector(const std::vector<double>& got, const std::vector<double>& want) {
   ASSERT_EQ(got.size(), want.size());

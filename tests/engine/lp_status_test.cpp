@@ -8,19 +8,7 @@
 namespace klo::engine::test {
 namespace {
 
-class LpStatus : public EngineTest {
- protected:
-  Result solveWith(const Problem& p, LpMethod method, int presolve) {
-    Settings s = quietSettings();
-    s.method = method;
-    s.presolve = presolve;
-    return solve(p, s);
-  }
-  std::vector<LpMethod> methods() const {
-    if (!honours("Method")) return {LpMethod::Automatic};
-    return {LpMethod::Dual, LpMethod::Primal, LpMethod::Barrier};
-  }
-};
+using LpStatus = EngineTest;
 
 // Limits, callbacks and the methods of simplex and interior-point engines.
 using SimplexLimits = LpStatus;
@@ -36,7 +24,7 @@ TEST_P(LpStatus, InfeasibleGivesFarkasRayInEveryMethod) {
       int x = b.col(1, 0, kInf), y = b.col(1, 0, kInf);
       b.row({{x, 1}, {y, 1}}, -kInf, 1);
       b.row({{x, 1}, {y, 1}}, 3, kInf);
-      Result r = solveWith(b.problem(), m, presolve);
+      Result r = solveLp(b.problem(), m, presolve);
       SCOPED_TRACE(testing::Message()
                    << "method " << static_cast<int>(m) << " presolve " << presolve);
       EXPECT_EQ(r.status, KLO_STATUS_INFEASIBLE);
@@ -61,7 +49,7 @@ TEST_P(LpStatus, UnboundedGivesAnImprovingFeasibleDirection) {
       ProblemBuilder b(sense);
       int x = b.col(-sense, 0, kInf), y = b.col(-sense, 0, kInf);
       b.row({{x, 1}, {y, -1}}, -kInf, 1);
-      Result r = solveWith(b.problem(), m, -1);
+      Result r = solveLp(b.problem(), m, -1);
       SCOPED_TRACE(testing::Message() << "sense " << sense << " method " << static_cast<int>(m));
       EXPECT_FALSE(r.hasSolution);
       if (!caps().rays) {  // without a direction, unbounded is not told from infeasible
