@@ -444,6 +444,8 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *    the last solve, else give KLO_ERROR_DATA_NOT_AVAILABLE.  Setting one
  *    element starts from those statuses (or from all variables at their
  *    lower bound and all rows basic); values outside 0 .. 4 are refused.
+ *  - "VType" of the binary variable of an indicator constraint cannot
+ *    change from 'B' (KLO_ERROR_INVALID_ARGUMENT).
  *  - "VType" 'B' clips the bounds to [0, 1], and "LB"/"UB" of a binary stay
  *    within [0, 1].  Bounds at or beyond +-1e20 read back as +-1e20; NaN
  *    bounds are refused, infinite "Obj"/"ObjCon" coefficients too.
@@ -916,10 +918,16 @@ int KLOdelgenconstrs(KLOmodel* model, int numdel, const int* ind);
  * Multiple objectives
  * ======================================================================== */
 
+/** The most objectives a model may have: KLOsetobjectiven refuses an index
+ *  of KLO_MAX_OBJECTIVES or more (KLO_ERROR_INVALID_OBJECTIVE) rather than
+ *  allocating every objective up to it. */
+#define KLO_MAX_OBJECTIVES 1000
+
 /** Sets objective index (creating it, and the ones before it, when new) of
  *  a multi-objective model: constant + sum lval x[lind], with its priority,
  *  weight, tolerances and name.  Objectives are optimised in falling
- *  priority; equal priorities are blended by weight. */
+ *  priority; equal priorities are blended by weight.  index is below
+ *  KLO_MAX_OBJECTIVES. */
 int KLOsetobjectiven(KLOmodel* model, int index, int priority, double weight, double abstol,
                      double reltol, const char* name, double constant, int lnz, const int* lind,
                      const double* lval);

@@ -11,7 +11,17 @@ namespace {
 constexpr AttrType D = AttrType::Double;
 constexpr Level V = Level::Var;
 
-void checkType(const KLOmodel&, int, double v) { checkVarType(static_cast<char>(v)); }
+// The binary of an indicator constraint stays binary: the indicator's
+// meaning rests on it.
+void checkType(const KLOmodel& m, int j, double v) {
+  checkVarType(static_cast<char>(v));
+  if (static_cast<char>(v) == KLO_BINARY) return;
+  for (size_t g = 0; g < m.data.indicators.size(); ++g)
+    if (m.data.indicators[g].binVar == j)
+      fail(KLO_ERROR_INVALID_ARGUMENT, "Variable " + std::to_string(j) +
+                                           " must stay binary: indicator constraint " +
+                                           std::to_string(g) + " depends on it");
+}
 
 }  // namespace
 

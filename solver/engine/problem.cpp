@@ -1,9 +1,11 @@
 #include "engine/problem.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
 #include "common/error.h"
+#include "common/text.h"
 #include "klo_c.h"
 
 namespace klo::engine {
@@ -99,10 +101,58 @@ void checkSos(const Problem& p) {
     require(s.members.size() == s.weights.size(), "SOS needs one weight per member");
     for (int j : s.members) require(j >= 0 && j < p.numCols(), "SOS member out of range");
     checkValues(s.weights, "SOS weight");
+    for (double w : s.weights) require(std::fabs(w) < KLO_INFINITY, "SOS weight is infinite");
+    std::vector<int> members = s.members;
+    std::vector<double> weights = s.weights;
+    std::sort(members.begin(), members.end());
+    std::sort(weights.begin(), weights.end());
+    require(std::adjacent_find(members.begin(), members.end()) == members.end(),
+            "SOS member repeated");
+    require(std::adjacent_find(weights.begin(), weights.end()) == weights.end(),
+            "SOS weight repeated");
   }
 }
 
+// The first coefficient of magnitude limit or more: what it is ("" when
+// there is none) and its value.
+std::string tooLarge(const Problem& p, double limit, double& value) {
+  auto big = [&](double v) { return std::fabs(v) >= limit ? (value = v, true) : false; };
+  for (int j = 0; j < p.numCols(); ++j)
+    if (big(p.obj[j])) return "the objective coefficient of column " + std::to_string(j);
+  for (size_t e = 0; e < p.value.size(); ++e) {
+    if (!big(p.value[e])) continue;
+    const int major =
+        static_cast<int>(std::upper_bound(p.start.begin(), p.start.end(), static_cast<int>(e)) -
+                         p.start.begin() - 1);
+    const int row = p.columnMajor ? p.index[e] : major, col = p.columnMajor ? major : p.index[e];
+    return "the matrix entry of row " + std::to_string(row) + ", column " + std::to_string(col);
+  }
+  for (int t = 0; t < p.objQuad.size(); ++t)
+    if (big(p.objQuad.val[t])) return "a quadratic objective term";
+  for (const QuadRow& q : p.quadRows)
+    for (double v : q.terms.val)
+      if (big(v)) return "a quadratic term of row " + std::to_string(q.row);
+  for (const PsdTerm& t : p.psdTerms)
+    for (double v : t.mat.val)
+      if (big(v)) return "a PSD coefficient of row " + std::to_string(t.row);
+  for (const PsdVar& v : p.psdVars)
+    for (double c : v.obj.val)
+      if (big(c)) return "a PSD objective coefficient";
+  for (size_t k = 0; k < p.indicators.size(); ++k)
+    for (double v : p.indicators[k].val)
+      if (big(v)) return "a coefficient of indicator " + std::to_string(k);
+  return "";
+}
+
 }  // namespace
+
+void checkCoefficients(const Problem& p, double limit, const std::string& engine) {
+  double value = 0.0;
+  const std::string what = tooLarge(p, limit, value);
+  if (!what.empty())
+    fail(KLO_ERROR_NOT_SUPPORTED, what + " is " + formatDouble(value) + ", beyond what " + engine +
+                                      " takes (magnitudes below " + formatDouble(limit) + ")");
+}
 
 void checkProblem(const Problem& p) {
   const size_t n = p.obj.size();

@@ -19,6 +19,7 @@
 // <C, X> = sum_r C_rr X_rr + 2 sum_{r<c} C_rc X_rc.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "klo_c.h"
@@ -119,7 +120,13 @@ struct Problem {
 };
 
 // Throws klo::Error (KLO_ERROR_INVALID_ARGUMENT) naming the first
-// inconsistency: array sizes, indices out of range, bad types, NaN.
+// inconsistency: array sizes, indices out of range, bad types, NaN, SOS
+// sets with infinite or repeated weights or repeated members.
 void checkProblem(const Problem& p);
+
+// Throws klo::Error (KLO_ERROR_NOT_SUPPORTED) naming the first coefficient
+// (objective, matrix, quadratic, PSD, indicator) of magnitude limit or
+// more: what `engine` cannot take.
+void checkCoefficients(const Problem& p, double limit, const std::string& engine);
 
 }  // namespace klo::engine

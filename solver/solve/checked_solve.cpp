@@ -106,6 +106,7 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
                             const std::vector<engine::EngineEntry>& from) {
   const Clock::time_point started = Clock::now();
   const engine::EngineEntry& entry = chooseEngine(p, what, from);
+  engine::checkCoefficients(p, entry.caps.coefficientLimit, entry.name);
   std::unique_ptr<engine::Engine> e = entry.make();
   engine::Result r = e->solve(p, s, cb);
   measureAnswer(p, r, s);

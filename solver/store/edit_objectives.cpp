@@ -9,9 +9,10 @@
 namespace klo {
 
 void setObjective(ModelData& d, const ObjectiveSpec& s) {
-  if (s.index < 0)
-    fail(KLO_ERROR_INVALID_OBJECTIVE,
-         "Objective index " + std::to_string(s.index) + " is negative");
+  if (s.index < 0 || s.index >= KLO_MAX_OBJECTIVES)
+    fail(KLO_ERROR_INVALID_OBJECTIVE, "Objective index " + std::to_string(s.index) +
+                                          " is outside 0 .. " +
+                                          std::to_string(KLO_MAX_OBJECTIVES - 1));
   checkCoef(s.weight, "Objective weight");
   checkCoef(s.absTol, "Absolute tolerance");
   checkCoef(s.relTol, "Relative tolerance");

@@ -1,5 +1,6 @@
 // SOS sets.
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 #include "common/error.h"
@@ -19,6 +20,8 @@ Sos makeSos(const ModelData& d, int type, int n, const int* ind, const double* w
     checkIndex(d, Kind::Var, ind[m]);
     double w = weight ? weight[m] : m + 1.0;
     checkCoef(w, "SOS weight");
+    if (std::fabs(w) >= KLO_INFINITY)
+      fail(KLO_ERROR_INVALID_ARGUMENT, "SOS weight " + std::to_string(w) + " is infinite");
     s.members.push_back(ind[m]);
     s.weights.push_back(w);
   }

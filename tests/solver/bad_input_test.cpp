@@ -15,6 +15,15 @@ struct BadCall {
   std::function<int(KLOmodel*)> call;
 };
 
+const int kInd2[] = {0, 1};
+const int kBadVar[] = {0, 3};
+const double kVal2[] = {1, 2};
+const double kNaN2[] = {1, NAN};
+const double kInf2[] = {1, INFINITY};
+const int kBeg1[] = {0};
+const char kLess[] = {'<'};
+const double kRhs1[] = {1};
+
 class BadInput : public klotest::ModelTest {
  protected:
   void SetUp() override {
@@ -25,17 +34,9 @@ class BadInput : public klotest::ModelTest {
     const double val[] = {1, 1};
     ASSERT_EQ(KLOaddrangeconstr(model, 2, ind, val, 0, 4, "r"), KLO_OK);
     ASSERT_EQ(KLOaddpsdvar(model, 2, "P"), KLO_OK);
+    ASSERT_EQ(KLOaddgenconstrIndicator(model, "g", 2, 1, 2, kInd2, kVal2, '<', 1), KLO_OK);
   }
 };
-
-const int kInd2[] = {0, 1};
-const int kBadVar[] = {0, 3};
-const double kVal2[] = {1, 2};
-const double kNaN2[] = {1, NAN};
-const double kInf2[] = {1, INFINITY};
-const int kBeg1[] = {0};
-const char kLess[] = {'<'};
-const double kRhs1[] = {1};
 
 const std::vector<BadCall> kCases = {
     // null pointers where an array is required
@@ -70,7 +71,10 @@ const std::vector<BadCall> kCases = {
     {"delete a missing SOS", KLO_ERROR_INVALID_SOS,
      [](KLOmodel* m) { return KLOdelsos(m, 1, kInd2); }},
     {"delete a missing general constraint", KLO_ERROR_INVALID_GENCONSTR,
-     [](KLOmodel* m) { return KLOdelgenconstrs(m, 1, kInd2); }},
+     [](KLOmodel* m) {
+       const int missing[] = {1};  // the model has one
+       return KLOdelgenconstrs(m, 1, missing);
+     }},
     {"attribute of a missing variable", KLO_ERROR_INVALID_VAR,
      [](KLOmodel* m) { return KLOsetdblattrelement(m, "Obj", 3, 1.0); }},
     {"attribute array past the end", KLO_ERROR_INVALID_CONSTR,
@@ -142,6 +146,18 @@ const std::vector<BadCall> kCases = {
     // other refusals
     {"indicator on a continuous variable", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOaddgenconstrIndicator(m, "g", 0, 1, 2, kInd2, kVal2, '<', 1); }},
+    {"an indicator's binary made continuous", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOsetcharattrelement(m, "VType", 2, 'C'); }},
+    {"objective index far beyond the others", KLO_ERROR_INVALID_OBJECTIVE,
+     [](KLOmodel* m) {
+       return KLOsetobjectiven(m, 50000000, 0, 1, 0, 0, "far", 0, 0, nullptr, nullptr);
+     }},
+    {"infinite SOS weight", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) {
+       const int type[] = {KLO_SOS_TYPE1};
+       const double weight[] = {1, 1e30};
+       return KLOaddsos(m, 1, 2, type, kBeg1, kInd2, weight);
+     }},
     {"PSD matrix of the wrong shape", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOsetmatattrelement(m, "PsdObj", 0, 2, 3, 3, kInd2, kVal2); }},
 };

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "common/error.h"
+#include "engine/coin/coin_problem.h"
 #include "engine/engine.h"
 #include "klo_c.h"
 
@@ -55,6 +56,7 @@ EngineEntry cbcEntry() {
   Capabilities caps;
   caps.features = kIntegers | kSos;
   caps.pool = true;
+  caps.coefficientLimit = kCoinCoefficientLimit;  // Clp solves its LPs
   caps.parameters = {"Presolve",
                      "MaxTime",
                      "SPX/PrimalTolerance",

@@ -25,6 +25,12 @@
 //  - Duals and reduced costs come back in the user's sense, which is the
 //    convention of result.h for minimisation and maximisation alike.
 //  - Status 5 means an event handler stopped the solve: our callback did.
+//  - Limits: an objective coefficient of magnitude 1e25 or more aborts
+//    (createRim asserts), matrix entries alike: the declaration refuses
+//    them.  Rows with lower bound +infinity or upper bound -infinity abort
+//    (an assertion), a column fixed at -infinity crashes and one fixed at
+//    +infinity "solves" to 1.8e308: such problems are decided infeasible
+//    before Clp sees them (engine/decided.h).
 //  - Dual simplex hands over to primal when its artificial bounds make the
 //    primal infeasibility blow up, while the log still says "Dual took";
 //    moreSpecialOptions bit 8192 keeps it dual, as Clp's own program does
@@ -322,6 +328,7 @@ class ClpRun {
 EngineEntry clpEntry() {
   Capabilities caps;
   caps.duals = caps.rays = caps.basis = true;
+  caps.coefficientLimit = kCoinCoefficientLimit;
   caps.parameters = {"Method",
                      "Presolve",
                      "MaxTime",

@@ -10,6 +10,10 @@
 
 namespace klo::engine {
 
+// Clp asserts on objective coefficients of this magnitude or more (its
+// createRim), and takes matrix entries no larger.
+constexpr double kCoinCoefficientLimit = 1e25;
+
 CoinPackedMatrix packedMatrix(const Problem& p);
 
 // Bounds with our infinity (1e20) replaced by COIN's (COIN_DBL_MAX): the

@@ -1,0 +1,20 @@
+// Outcomes decided from the problem alone, before any engine sees it:
+// engines differ on them or abort on them (see the quirk notes).
+#pragma once
+
+#include <optional>
+
+#include "engine/problem.h"
+#include "engine/result.h"
+#include "engine/settings.h"
+
+namespace klo::engine {
+
+// A problem without columns (optimal when every row admits 0, infeasible
+// otherwise), or one with a bound no value can meet: a row or column whose
+// lower bound is +infinity or upper bound -infinity (infeasible, the
+// element named in the log).
+// Nothing for every other problem.
+std::optional<Result> decidedWithoutEngine(const Problem& p, const Settings& s);
+
+}  // namespace klo::engine
