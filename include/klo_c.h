@@ -554,8 +554,17 @@ int KLOwriteparams(KLOenv* env, const char* filename);
 int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, const double* obj,
                 const double* lb, const double* ub, const char* vtype, const char* const* varnames);
 
+/** The longest line a file read by the library may have, in bytes: a
+ *  longer one gives KLO_ERROR_FILE_READ instead of being read into memory
+ *  without end. */
+#define KLO_MAX_LINE_LENGTH (64 * 1024 * 1024)
+
 /** Reads a model file (".mps", ".lp", optionally ".gz" compressed) into a
- *  new model.  MPS files may be fixed or free format, with OBJSENSE,
+ *  new model.  Every file the library reads (models, parameters, starts,
+ *  bases, solutions) must be a file or a pipe: a directory or a device
+ *  gives KLO_ERROR_FILE_OPEN.  A compressed file whose data or trailer
+ *  (checksum, length) is damaged or cut short gives KLO_ERROR_FILE_READ,
+ *  and so does a line longer than KLO_MAX_LINE_LENGTH.  MPS files may be fixed or free format, with OBJSENSE,
  *  RANGES, every standard bound type, integer markers, SOS and QUADOBJ; an
  *  integer column with bounds [0, 1] becomes binary.  A malformed file
  *  gives KLO_ERROR_FILE_READ with "file:line: reason" as the message; an

@@ -1,16 +1,17 @@
 #include "env/param_file.h"
 
 #include <fstream>
+#include <sstream>
 
 #include "common/error.h"
 #include "common/text.h"
+#include "common/text_file.h"
 #include "klo_c.h"
 
 namespace klo {
 
 ParamSet readParamFile(const std::string& path, const ParamSet& base) {
-  std::ifstream in(path);
-  if (!in) fail(KLO_ERROR_FILE_OPEN, "Cannot open parameter file \"" + path + "\"");
+  std::istringstream in(readTextFile(path));
   ParamSet out = base;
   std::string line;
   for (int lineNo = 1; std::getline(in, line); ++lineNo) {
@@ -26,7 +27,6 @@ ParamSet readParamFile(const std::string& path, const ParamSet& base) {
       fail(KLO_ERROR_FILE_READ, path + ":" + std::to_string(lineNo) + ": " + e.message);
     }
   }
-  if (in.bad()) fail(KLO_ERROR_FILE_READ, "Error reading parameter file \"" + path + "\"");
   return out;
 }
 

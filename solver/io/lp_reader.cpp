@@ -8,7 +8,7 @@
 #include "common/error.h"
 #include "io/lp.h"
 #include "io/lp_lexer.h"
-#include "io/text_file.h"
+#include "common/text_file.h"
 #include "klo_c.h"
 #include "store/checks.h"
 #include "store/edit.h"

@@ -13,7 +13,7 @@
 #include "common/text.h"
 #include "io/mps.h"
 #include "io/mps_text.h"
-#include "io/text_file.h"
+#include "common/text_file.h"
 #include "klo_c.h"
 #include "store/checks.h"
 #include "store/sparse.h"

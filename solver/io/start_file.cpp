@@ -5,7 +5,7 @@
 #include "common/text.h"
 #include "io/file_names.h"
 #include "io/side_files.h"
-#include "io/text_file.h"
+#include "common/text_file.h"
 #include "klo_c.h"
 
 namespace klo {

@@ -1,6 +1,9 @@
 // Malformed model files: a code and a message with file and line, never a
 // crash, and a model given to KLOread stays as it was.
 #include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -125,6 +128,54 @@ TEST_F(MalformedFiles, MpsObjectiveSenseIsRead) {
   ASSERT_EQ(KLOgetintattr(m, "ModelSense", &sense), KLO_OK);
   EXPECT_EQ(sense, KLO_MAXIMIZE);
   KLOfreemodel(m);
+}
+
+}  // namespace
+
+namespace {
+
+// The afiro instance, compressed, with its bytes as read.
+std::string afiroGz() {
+  std::ifstream in(std::string(KLO_INSTANCES_DIR) + "/afiro.mps.gz", std::ios::binary);
+  std::stringstream ss;
+  ss << in.rdbuf();
+  return ss.str();
+}
+
+TEST_F(MalformedFiles, WhatIsNoFileOrIsDamagedIsRefused) {
+  const std::string gz = afiroGz();
+  std::string badCrc = gz;
+  badCrc[badCrc.size() - 6] ^= 0x55;  // the checksum in the trailer
+  struct Case {
+    const char* what;
+    std::string path;   // read as it is, when set
+    std::string bytes;  // else written to a temporary .mps.gz file
+    int code;
+  };
+  TempFile longLine(".lp"), directory(".mps"), device(".mps");
+  longLine.write(std::string(KLO_MAX_LINE_LENGTH + 1, 'x'));
+  std::filesystem::create_directory(directory.path());
+  std::filesystem::create_symlink("/dev/zero", device.path());
+  const Case cases[] = {
+      {"a directory", directory.path(), "", KLO_ERROR_FILE_OPEN},
+      {"a device", device.path(), "", KLO_ERROR_FILE_OPEN},
+      {"cut in the trailer", "", gz.substr(0, gz.size() - 2), KLO_ERROR_FILE_READ},
+      {"cut in the data", "", gz.substr(0, gz.size() / 2), KLO_ERROR_FILE_READ},
+      {"a wrong checksum", "", badCrc, KLO_ERROR_FILE_READ},
+      {"a line too long", longLine.path(), "", KLO_ERROR_FILE_READ},
+      {"whole", "", gz, KLO_OK},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    TempFile file(".mps.gz");
+    if (c.path.empty()) std::ofstream(file.path(), std::ios::binary) << c.bytes;
+    KLOmodel* m = nullptr;
+    EXPECT_EQ(KLOreadmodel(env, (c.path.empty() ? file.path() : c.path).c_str(), &m), c.code)
+        << lastError();
+    KLOfreemodel(m);
+  }
+  EXPECT_EQ(KLOreadparams(env, device.path().c_str()), KLO_ERROR_FILE_OPEN);
+  std::filesystem::remove(directory.path());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
-#include "io/text_file.h"
+#include "common/text_file.h"
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <zlib.h>
 
@@ -38,21 +39,67 @@ size_t sizeHint(const std::string& path) {
   return hint;
 }
 
+// Files and pipes only: a directory cannot be read as text, and a device
+// (/dev/zero) would be read without end.
+void refuseNonFile(const std::string& path) {
+  struct stat st {};
+  if (stat(path.c_str(), &st) != 0) return;  // gzopen says why
+  if (S_ISDIR(st.st_mode)) fail(KLO_ERROR_FILE_OPEN, "\"" + path + "\" is a directory");
+  if (S_ISCHR(st.st_mode) || S_ISBLK(st.st_mode))
+    fail(KLO_ERROR_FILE_OPEN, "\"" + path + "\" is a device, not a file");
+}
+
+// Follows the length of the line being read across chunks.
+class LineLimit {
+ public:
+  explicit LineLimit(const std::string& path) : path_(path) {}
+  void add(const char* data, size_t n) {
+    const char* end = data + n;
+    for (const char* p = data; p < end;) {
+      const char* nl = static_cast<const char*>(std::memchr(p, '\n', end - p));
+      const size_t run = (nl ? nl : end) - p;
+      if (current_ + run > KLO_MAX_LINE_LENGTH)
+        fail(KLO_ERROR_FILE_READ, path_ + ":" + std::to_string(line_) + ": line longer than " +
+                                      std::to_string(KLO_MAX_LINE_LENGTH) + " bytes");
+      current_ = nl ? 0 : current_ + run;
+      line_ += nl ? 1 : 0;
+      p = nl ? nl + 1 : end;
+    }
+  }
+
+ private:
+  const std::string& path_;
+  size_t current_ = 0;
+  long long line_ = 1;
+};
+
 }  // namespace
 
 std::string readTextFile(const std::string& path) {
+  refuseNonFile(path);
   gzFile f = gzopen(path.c_str(), "rb");  // reads plain files unchanged
   if (!f) fail(KLO_ERROR_FILE_OPEN, "Cannot open \"" + path + "\": " + std::strerror(errno));
   std::string text;
   text.reserve(sizeHint(path));
   std::vector<char> buf(1 << 16);
+  LineLimit limit(path);
   int n;
-  while ((n = gzread(f, buf.data(), static_cast<unsigned>(buf.size()))) > 0)
-    text.append(buf.data(), n);
-  int err = 0;
-  std::string detail = n < 0 ? gzerror(f, &err) : "";
+  try {
+    while ((n = gzread(f, buf.data(), static_cast<unsigned>(buf.size()))) > 0) {
+      limit.add(buf.data(), static_cast<size_t>(n));
+      text.append(buf.data(), n);
+    }
+  } catch (...) {
+    gzclose(f);
+    throw;
+  }
+  // A stream cut short ends without a negative count: only the error
+  // state tells.
+  int err = Z_OK;
+  const std::string detail = gzerror(f, &err);
   gzclose(f);
-  if (n < 0) fail(KLO_ERROR_FILE_READ, "Cannot read \"" + path + "\": " + detail);
+  if (n < 0 || (err != Z_OK && err != Z_STREAM_END))
+    fail(KLO_ERROR_FILE_READ, "Cannot read \"" + path + "\": " + detail);
   return text;
 }
 
