@@ -6,7 +6,7 @@ PACKAGES="build-essential cmake pkg-config git ca-certificates
   libgtest-dev libgmock-dev libbenchmark-dev
   coinor-libcoinutils-dev coinor-libclp-dev coinor-libcbc-dev coinor-libcgl-dev
   coinor-libosi-dev coinor-libipopt-dev libsdp-dev liblapack-dev libblas-dev
-  zlib1g-dev libbz2-dev
+  zlib1g-dev libbz2-dev clang libclang-rt-14-dev
   coinor-clp coinor-cbc"
 
 missing=""

@@ -36,8 +36,10 @@ struct Capabilities {
   bool pool = false;   // several solutions, best first
   // The parameters (klo_c.h names) it honours.
   std::vector<const char*> parameters;
-  // Coefficients of this magnitude or more are refused before it sees them.
+  // Coefficients, and finite bounds, of these magnitudes or more are
+  // refused before it sees them.
   double coefficientLimit = KLO_INFINITY;
+  double boundLimit = KLO_INFINITY;
 
   bool takes(unsigned wanted) const { return (wanted & ~features) == 0; }
 };

@@ -144,14 +144,41 @@ std::string tooLarge(const Problem& p, double limit, double& value) {
   return "";
 }
 
+// The first finite bound of magnitude limit or more, named; "" when none.
+std::string boundTooLarge(const Problem& p, double limit, double& value) {
+  auto big = [&](double b) {
+    return std::fabs(b) >= limit && std::fabs(b) < KLO_INFINITY ? (value = b, true) : false;
+  };
+  for (int j = 0; j < p.numCols(); ++j)
+    if (big(p.colLower[j]) || big(p.colUpper[j])) return "a bound of column " + std::to_string(j);
+  for (int i = 0; i < p.numRows(); ++i)
+    if (big(p.rowLower[i]) || big(p.rowUpper[i])) return "a bound of row " + std::to_string(i);
+  return "";
+}
+
 }  // namespace
 
-void checkCoefficients(const Problem& p, double limit, const std::string& engine) {
+void checkLimits(const Problem& p, double coefficients, double bounds, const std::string& engine) {
   double value = 0.0;
-  const std::string what = tooLarge(p, limit, value);
+  std::string what = boundTooLarge(p, bounds, value);
+  double limit = bounds;
+  if (what.empty()) {
+    what = tooLarge(p, coefficients, value);
+    limit = coefficients;
+  }
   if (!what.empty())
     fail(KLO_ERROR_NOT_SUPPORTED, what + " is " + formatDouble(value) + ", beyond what " + engine +
                                       " takes (magnitudes below " + formatDouble(limit) + ")");
+  // Beyond 2^53 every double is an integer: a search cannot branch there.
+  constexpr double kExactIntegers = 9007199254740992.0;
+  for (int j = 0; j < p.numCols(); ++j) {
+    if (p.colType[j] == KLO_CONTINUOUS || p.colType[j] == KLO_SEMICONT) continue;
+    for (double b : {p.colLower[j], p.colUpper[j]})
+      if (std::fabs(b) < KLO_INFINITY && std::fabs(b) >= kExactIntegers)
+        fail(KLO_ERROR_NOT_SUPPORTED, "integer column " + std::to_string(j) + " has the bound " +
+                                          formatDouble(b) +
+                                          ", beyond 2^53 where not every integer is a double");
+  }
 }
 
 void checkProblem(const Problem& p) {

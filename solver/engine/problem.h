@@ -124,9 +124,11 @@ struct Problem {
 // sets with infinite or repeated weights or repeated members.
 void checkProblem(const Problem& p);
 
-// Throws klo::Error (KLO_ERROR_NOT_SUPPORTED) naming the first coefficient
-// (objective, matrix, quadratic, PSD, indicator) of magnitude limit or
-// more: what `engine` cannot take.
-void checkCoefficients(const Problem& p, double limit, const std::string& engine);
+// Throws klo::Error (KLO_ERROR_NOT_SUPPORTED) for what `engine` cannot
+// take, naming it: the first finite bound of magnitude `bounds` or more,
+// the first coefficient (objective, matrix, quadratic, PSD, indicator) of
+// magnitude `coefficients` or more, or an integer column with a finite
+// bound beyond 2^53.
+void checkLimits(const Problem& p, double coefficients, double bounds, const std::string& engine);
 
 }  // namespace klo::engine

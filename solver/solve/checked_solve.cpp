@@ -9,6 +9,7 @@
 #include "klo_c.h"
 #include "solve/answer_check.h"
 #include "solve/chooser.h"
+#include "solve/fixed_sos.h"
 
 namespace klo {
 namespace {
@@ -99,6 +100,26 @@ class CleanUp {
   Clock::time_point started_;
 };
 
+// The problem to solve: p, or settled (a copy of p with its SOS sets
+// settled, solve/fixed_sos.h) when that changes them; null when they make
+// p infeasible.
+const engine::Problem* withSettledSos(const engine::Problem& p, engine::Problem& settled) {
+  if (p.sos.empty()) return &p;
+  settled = p;
+  switch (settleFixedSos(settled)) {
+    case SosSettled::Unchanged: return &p;
+    case SosSettled::Changed: return &settled;
+    default: return nullptr;
+  }
+}
+
+engine::Result infeasibleSos(const engine::Settings& s) {
+  engine::logLine(s, "Infeasible: an SOS set has more members that cannot be zero than it allows");
+  engine::Result r;
+  r.status = KLO_STATUS_INFEASIBLE;
+  return r;
+}
+
 }  // namespace
 
 engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
@@ -106,14 +127,17 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
                             const std::vector<engine::EngineEntry>& from) {
   const Clock::time_point started = Clock::now();
   const engine::EngineEntry& entry = chooseEngine(p, what, from);
-  engine::checkCoefficients(p, entry.caps.coefficientLimit, entry.name);
+  engine::checkLimits(p, entry.caps.coefficientLimit, entry.caps.boundLimit, entry.name);
+  engine::Problem settled;
+  const engine::Problem* q = withSettledSos(p, settled);
+  if (!q) return infeasibleSos(s);
   std::unique_ptr<engine::Engine> e = entry.make();
-  engine::Result r = e->solve(p, s, cb);
+  engine::Result r = e->solve(*q, s, cb);
   measureAnswer(p, r, s);
   if (r.status != KLO_STATUS_OPTIMAL || passesCheck(r, s)) return r;
   engine::logLine(s,
                   std::string("Answer check failed (") + figures(r.violations) + "): cleaning up");
-  return CleanUp(p, s, cb, *e, started).run(std::move(r));
+  return CleanUp(*q, s, cb, *e, started).run(std::move(r));
 }
 
 }  // namespace klo

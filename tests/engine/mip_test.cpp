@@ -89,6 +89,21 @@ TEST_P(MipSos, Sos2AllowsTwoNeighbours) {
   EXPECT_NEAR(r.x[1], 1, 1e-7);
 }
 
+// min 0.5 x + 2.5 y with x binary, y in [-1, 0] tied to a binary z by
+// y + z = 0, and SOS1 {x, y}: y = -1 (z = 1) needs x = 0: objective -2.5.
+// (A member that may be negative once made the engine's preprocessing
+// abort.)
+TEST_P(MipSos, MemberBelowZero) {
+  ProblemBuilder b;
+  int x = b.col(0.5, 0, 1, 'B'), y = b.col(2.5, -1, 0), z = b.col(0, 0, 1, 'B');
+  b.row({{y, 1}, {z, 1}}, 0, 0);
+  b.sos(1, {x, y}, {1, 2});
+  Result r = solveMip(b.problem());
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, -2.5, 1e-9);
+  EXPECT_NEAR(r.x[x], 0, 1e-9);
+}
+
 // x + y >= 0.5 and x + y <= 0.7 with x, y integer: no integer point.
 TEST_P(Mip, InfeasibleAndUnboundedStatuses) {
   ProblemBuilder inf;

@@ -61,10 +61,9 @@ std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, doubl
   addCuts(a, s.levelCuts);
   addHeuristics(a, s.levelHeurs);
   if (s.presolve == 0) add(a, "presolve", "off");
-  if (withCallback || s.presolve == 0)
-    add(a, "preprocess", "off");
-  else if (!p.sos.empty())
-    add(a, "preprocess", "sos");
+  // Preprocessing asserts on SOS sets it cannot handle (a member that may
+  // be negative, members fixed at 0: CglPreProcess::preProcessNonDefault).
+  if (withCallback || s.presolve == 0 || !p.sos.empty()) add(a, "preprocess", "off");
   if (!withCallback && s.numThreads > 1) add(a, "threads", std::to_string(s.numThreads));
   a.push_back("-solve");
   a.push_back("-quit");

@@ -23,12 +23,19 @@
 //    OsiBabSolver(4), preprocessing off, our generator called at
 //    solutions, killSolution for violating candidates); any one missing
 //    gives wrong optima.
-//  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting.
+//  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting, and
+//    even then it asserts on sets it cannot handle (a member that may be
+//    negative, members fixed at 0): with SOS sets preprocessing is off.
 //  - Cbc's saved solutions ("-maxSavedSolutions") overrun a buffer when
 //    preprocessing removed columns (seen with AddressSanitizer), so the pool
 //    is kept by our event handler instead, from every incumbent mapped back
 //    through postProcessedSolver(1).
 //  - A MIP start is matched by column name, so columns get names.
+//  - Limits (what aborts it, and how the library keeps it away): bounds and
+//    coefficients of magnitude 1e16 or more make probing assert (the
+//    declaration refuses 1e15 and up); an SOS member that cannot be zero
+//    makes CbcSOS assert (such sets are settled first, solve/fixed_sos.h);
+//    an infinite SOS weight asserts (refused by the problem check).
 //  - 1e20 is a finite bound to Clp underneath: bounds go in as COIN_DBL_MAX.
 // Cbc's headers need its model declared first.
 // clang-format off

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "common/error.h"
-#include "engine/coin/coin_problem.h"
 #include "engine/engine.h"
 #include "klo_c.h"
 
@@ -56,7 +55,10 @@ EngineEntry cbcEntry() {
   Capabilities caps;
   caps.features = kIntegers | kSos;
   caps.pool = true;
-  caps.coefficientLimit = kCoinCoefficientLimit;  // Clp solves its LPs
+  // Magnitudes of 1e16 and more in bounds and coefficients together make
+  // Cbc's probing assert (CglProbing::probe, up > down): they cannot be
+  // told apart to the integrality tolerance anyway.
+  caps.coefficientLimit = caps.boundLimit = 1e15;
   caps.parameters = {"Presolve",
                      "MaxTime",
                      "SPX/PrimalTolerance",

@@ -1,0 +1,5 @@
+NAME m
+ XU x r
+ LL y
+ UL z
+ENDATA
