@@ -32,11 +32,11 @@ Result withoutColumns(const Problem& p) {
   return r;
 }
 
-// Infinite in the wrong direction: Clp asserts on such rows and crashes or
-// answers 1.8e308 on such columns.  Finite crossed bounds are the
-// engines' to prove infeasible (with a certificate).
+// Infinite in the wrong direction (Clp asserts on such rows and crashes or
+// answers 1.8e308 on such columns) or crossed (its presolve calls a row
+// with crossed bounds optimal).
 bool impossible(double lower, double upper) {
-  return lower >= KLO_INFINITY || upper <= -KLO_INFINITY;
+  return lower >= KLO_INFINITY || upper <= -KLO_INFINITY || lower > upper;
 }
 
 // The first element whose bounds no value meets, as the log names it.

@@ -44,10 +44,12 @@ void addLinear(const Problem& p, const double* x, std::vector<double>& act,
 
 // Violation of [lo, up] by v, relative to the larger of the bound it
 // violates and scale.
+// (Crossed bounds are violated on both sides.)
 double outside(double v, double lo, double up, double scale = 1.0) {
-  if (lo > -KLO_INFINITY && v < lo) return (lo - v) / std::max(scale, std::fabs(lo));
-  if (up < KLO_INFINITY && v > up) return (v - up) / std::max(scale, std::fabs(up));
-  return 0.0;
+  double viol = 0.0;
+  if (lo > -KLO_INFINITY && v < lo) viol = (lo - v) / std::max(scale, std::fabs(lo));
+  if (up < KLO_INFINITY && v > up) viol = std::max(viol, (v - up) / std::max(scale, std::fabs(up)));
+  return viol;
 }
 
 // Non-zero members beyond what the set allows, measured by their size.

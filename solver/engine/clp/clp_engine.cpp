@@ -29,8 +29,9 @@
 //    (createRim asserts), matrix entries alike: the declaration refuses
 //    them.  Rows with lower bound +infinity or upper bound -infinity abort
 //    (an assertion), a column fixed at -infinity crashes and one fixed at
-//    +infinity "solves" to 1.8e308: such problems are decided infeasible
-//    before Clp sees them (engine/decided.h).
+//    +infinity "solves" to 1.8e308, and presolve calls a row with crossed
+//    bounds optimal: such problems are decided infeasible before Clp sees
+//    them (engine/decided.h).
 //  - Dual simplex hands over to primal when its artificial bounds make the
 //    primal infeasibility blow up, while the log still says "Dual took";
 //    moreSpecialOptions bit 8192 keeps it dual, as Clp's own program does
