@@ -36,10 +36,11 @@ void optimize(KLOmodel& m) {
   relayMessages(m.data, m.env.params.getInt("OutputFlag") != 0, s, cb);
   std::vector<Switch> switches =
       switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
-  cb = withoutSwitches(std::move(cb), std::move(switches), m.data);
+  cb = withoutSwitches(std::move(cb), switches, m.data);
   logUnusedParameters(chooseEngine(p, "KLOoptimize"), s);
   engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
                                                   : checkedSolve(p, s, cb, "KLOoptimize");
+  checkSwitchedColumns(switches, r, s);
   trimResult(r, m.data.numVars(), m.data.numRows());
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
   storeResult(m, std::move(r), seconds.count());

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "common/error.h"
+#include "engine/log.h"
 #include "klo_c.h"
+#include "solve/answer_check.h"
 #include "solve/problem_from_model.h"
 
 namespace klo {
@@ -22,8 +24,9 @@ double switchValue(double x) { return std::fabs(x) > kZero ? 1.0 : 0.0; }
 bool isSet(double x) { return std::fabs(x) < KLO_INFINITY; }  // NaN too is unset
 
 void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out) {
-  const double a = p.colLower[j] <= -KLO_INFINITY ? -bigM : p.colLower[j];
-  const double b = p.colUpper[j] >= KLO_INFINITY ? bigM : p.colUpper[j];
+  const double lower = p.colLower[j], upper = p.colUpper[j];
+  const double a = lower <= -KLO_INFINITY ? -bigM : lower;
+  const double b = upper >= KLO_INFINITY ? bigM : upper;
   const int z = p.numCols();
   p.obj.push_back(0.0);
   p.colLower.push_back(0.0);
@@ -37,7 +40,7 @@ void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out)
   p.colUpper[j] = std::max(b, 0.0);
   appendSparseRow(p, {{j, 1.0}, {z, -a}}, 0.0, KLO_INFINITY);
   appendSparseRow(p, {{j, 1.0}, {z, -b}}, -KLO_INFINITY, 0.0);
-  out.push_back(Switch{j, z});
+  out.push_back(Switch{j, z, lower, upper});
 }
 
 // Forwards to the engine's actions, completing proposals with the switches.
@@ -78,6 +81,26 @@ std::vector<Switch> switchSemicontinuous(engine::Problem& p, double bigM) {
     if (p.colLower[j] > 0.0 || p.colUpper[j] < 0.0) addSwitch(p, j, bigM, out);
   }
   return out;
+}
+
+void checkSwitchedColumns(const std::vector<Switch>& switches, engine::Result& r,
+                          const engine::Settings& s) {
+  if (switches.empty() || !r.hasSolution) return;
+  double worst = 0.0;
+  for (const Switch& sw : switches) {
+    const double x = r.x[sw.column];
+    const double below =
+        sw.lower > -KLO_INFINITY ? (sw.lower - x) / std::max(1.0, std::fabs(sw.lower)) : 0.0;
+    const double above =
+        sw.upper < KLO_INFINITY ? (x - sw.upper) / std::max(1.0, std::fabs(sw.upper)) : 0.0;
+    worst = std::max(worst, std::min(std::fabs(x), std::max({0.0, below, above})));
+  }
+  r.violations.bound = std::max(r.violations.bound, worst);
+  if (r.status != KLO_STATUS_OPTIMAL || worst <= kCheckSlack * s.primalTolerance) return;
+  engine::logLine(s, "Answer check failed: a semi-continuous variable is " +
+                         engine::formatNumber(worst) +
+                         " away from 0 and from its bounds: reported as suboptimal");
+  r.status = KLO_STATUS_SUBOPTIMAL;
 }
 
 engine::Callback withoutSwitches(engine::Callback cb, std::vector<Switch> switches,

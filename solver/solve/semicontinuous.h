@@ -12,19 +12,30 @@
 
 #include "engine/callback_context.h"
 #include "engine/problem.h"
+#include "engine/result.h"
+#include "engine/settings.h"
 #include "store/model_data.h"
 
 namespace klo {
 
 struct Switch {
-  int column;  // the semi-continuous column
-  int z;       // its switch
+  int column;           // the semi-continuous column
+  int z;                // its switch
+  double lower, upper;  // the column's own bounds, which do not hold 0
 };
 
 // Rewrites the semi-continuous and semi-integer columns of p, a row-major
 // problem, appending the switches after its columns and their rows after
 // its rows (two per switch). A start value of x gives z's.
 std::vector<Switch> switchSemicontinuous(engine::Problem& p, double bigM);
+
+// Measures r's values of the switched columns against their own
+// condition (0, or within [lower, upper]; within the integrality tolerance
+// of z, big-M rows let them stray) and folds the largest violation into
+// r.violations.bound; an optimal answer that the check then fails is
+// suboptimal, and the log says so.
+void checkSwitchedColumns(const std::vector<Switch>& switches, engine::Result& r,
+                          const engine::Settings& s);
 
 // The user's callback seeing the model d rather than the switched problem:
 // its numbers of columns, rows and integers, and solutions proposed with

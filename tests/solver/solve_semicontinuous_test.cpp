@@ -50,6 +50,31 @@ TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
   klo::engine::checkProblem(p);
 }
 
+// Within the integrality tolerance of its switch, a big-M row lets a column
+// stray from 0: the column's own condition is checked on the answer.
+TEST(Semicontinuous, AnswersAreCheckedAgainstTheColumnsOwnCondition) {
+  const std::vector<klo::Switch> switches{{0, 2, 2, 5}, {1, 3, -KLO_INFINITY, -4}};
+  struct Case {
+    std::vector<double> x;
+    int status;
+  };
+  const Case cases[] = {
+      {{0, -7}, KLO_STATUS_OPTIMAL},       // off, and on within its bounds
+      {{3, 1e-9}, KLO_STATUS_OPTIMAL},     // on, and off within the tolerance
+      {{1e-4, 0}, KLO_STATUS_SUBOPTIMAL},  // neither 0 nor in [2, 5]
+      {{0, -3.9}, KLO_STATUS_SUBOPTIMAL},  // above its upper bound -4
+  };
+  for (const Case& c : cases) {
+    klo::engine::Result r;
+    r.status = KLO_STATUS_OPTIMAL;
+    r.hasSolution = true;
+    r.x = c.x;
+    r.x.resize(4, 0.0);
+    klo::checkSwitchedColumns(switches, r, klo::engine::Settings{});
+    EXPECT_EQ(r.status, c.status) << c.x[0] << ", " << c.x[1];
+  }
+}
+
 class SolveSemicontinuous : public SolveTest {
  protected:
   // Optimises c x over x of the given type and bounds, with one row on x.
