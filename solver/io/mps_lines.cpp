@@ -1,5 +1,6 @@
 #include "io/mps_lines.h"
 
+#include <array>
 #include <cstring>
 
 #include "common/error.h"
@@ -8,7 +9,15 @@
 namespace klo {
 namespace {
 
-bool blank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f'; }
+// What separates fields, as a table: every byte of a file is tested.
+constexpr std::array<bool, 256> blanks() {
+  std::array<bool, 256> t{};
+  for (unsigned char c : {' ', '\t', '\r', '\v', '\f'}) t[c] = true;
+  return t;
+}
+constexpr std::array<bool, 256> kBlank = blanks();
+
+bool blank(char c) { return kBlank[static_cast<unsigned char>(c)]; }
 
 std::string_view trimmed(std::string_view s) {
   size_t b = 0, e = s.size();

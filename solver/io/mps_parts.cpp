@@ -38,7 +38,7 @@ void rowBounds(const MpsRow& r, double& lower, double& upper) {
 
 bool MpsParts::addRow(std::string_view rowName, char type) {
   int index = type != 'N' ? static_cast<int>(rows.size()) : hasObjective ? kFreeRow : kObjective;
-  if (!rowIndex_.emplace(rowName, index).second) return false;
+  if (rowIndex_.insert(rowName, index) != NameIndex::kMissing) return false;
   if (type == 'N') {
     hasObjective = true;
     return true;
@@ -49,13 +49,13 @@ bool MpsParts::addRow(std::string_view rowName, char type) {
 }
 
 int MpsParts::row(std::string_view rowName) const {
-  auto it = rowIndex_.find(rowName);
-  return it == rowIndex_.end() ? kUnknown : it->second;
+  int r = rowIndex_.find(rowName);
+  return r == NameIndex::kMissing ? kUnknown : r;
 }
 
 bool MpsParts::addColumn(std::string_view columnName, bool marked) {
   int index = static_cast<int>(columns.size());
-  if (!columnIndex_.emplace(columnName, index).second) return false;
+  if (columnIndex_.insert(columnName, index) != NameIndex::kMissing) return false;
   columns.emplace_back();
   columns.back().marked = columns.back().integer = marked;
   columnNames.push_back(columnName);
@@ -64,8 +64,8 @@ bool MpsParts::addColumn(std::string_view columnName, bool marked) {
 }
 
 int MpsParts::column(std::string_view columnName) const {
-  auto it = columnIndex_.find(columnName);
-  return it == columnIndex_.end() ? -1 : it->second;
+  int j = columnIndex_.find(columnName);
+  return j == NameIndex::kMissing ? -1 : j;
 }
 
 bool MpsParts::addEntry(int row, double value) {
@@ -106,8 +106,8 @@ void MpsParts::buildColumns(ModelData& d) {
     d.ub.push_back(normBound(c.ub));
     d.type.push_back(columnType(c));
     d.objectives[0].coef.push_back(c.obj);
-    d.varNames.append(std::string(columnNames[j]));
   }
+  d.varNames.assign(std::vector<std::string>(columnNames.begin(), columnNames.end()));
   d.start.assign(n, KLO_UNDEFINED);
 }
 
@@ -121,8 +121,8 @@ void MpsParts::buildRows(ModelData& d) {
     rowBounds(rows[i], r.lower, r.upper);
     r.lin.ind.reserve(count[i]);
     r.lin.val.reserve(count[i]);
-    d.rowNames.append(std::string(rowNames[i]));
   }
+  d.rowNames.assign(std::vector<std::string>(rowNames.begin(), rowNames.end()));
   for (const MpsEntry& e : entries) {
     d.rows[e.row].lin.ind.push_back(e.column);
     d.rows[e.row].lin.val.push_back(e.value);

@@ -6,9 +6,9 @@
 
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "io/name_index.h"
 #include "klo_c.h"
 #include "store/model_data.h"
 
@@ -87,7 +87,7 @@ struct MpsParts {
   void buildQuads(ModelData& d);
   void buildSets(ModelData& d, const std::string& path);
 
-  std::unordered_map<std::string_view, int> rowIndex_, columnIndex_;
+  NameIndex rowIndex_, columnIndex_;
   bool objectiveEntry_ = false;  // the last column has an objective entry
 };
 
