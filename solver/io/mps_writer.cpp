@@ -36,16 +36,13 @@ struct MpsRowForm {
   bool hasRange = false;
 };
 
-// A range row [lo, up] as rhs and range: of the forms L (up, R) and
-// G (lo, R), with R = up - lo or a neighbour, the first that reads back
-// exactly; else G with up - lo.
+// A range row [lo, up]: the right-hand side and R = up - lo, in the form,
+// G (lo, R) or L (up, R), that reads back exactly where one does (in some
+// ranges neither does: a bound comes back a unit in the last place off).
 MpsRowForm rangeForm(double lo, double up) {
   double width = up - lo;
-  for (double r : {width, std::nextafter(width, 0.0), std::nextafter(width, 2 * width)}) {
-    if (up - r == lo) return {'L', up, r, true};
-    if (lo + r == up) return {'G', lo, r, true};
-  }
-  return {'G', lo, width, true};
+  if (lo + width == up) return {'G', lo, width, true};
+  return {'L', up, width, true};
 }
 
 // A free row is an L row without a right-hand side (1e20), since the
