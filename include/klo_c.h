@@ -600,8 +600,9 @@ int KLOread(KLOmodel* model, const char* filename);
  *  blanks or operator characters, or read as numbers or keywords in LP
  *  files) are replaced by generated ones: "C<j>" for variables, "R<i>" for
  *  rows.  MPS cannot hold PSD rows or variables, indicators, semi-integer
- *  variables or several objectives (quadratic rows go to QCMATRIX
- *  sections), LP files no PSD variables or several objectives:
+ *  variables, several objectives or a row whose lower bound is above its
+ *  upper one (quadratic rows go to QCMATRIX sections), LP files no PSD
+ *  variables or several objectives:
  *  such models give KLO_ERROR_NOT_SUPPORTED.  ".sol" and ".bas" need a
  *  solution or a basis (KLO_ERROR_DATA_NOT_AVAILABLE otherwise). */
 int KLOwrite(KLOmodel* model, const char* filename);

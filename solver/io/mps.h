@@ -18,7 +18,8 @@ namespace klo {
 ModelData readMps(const std::string& path);
 // Throws KLO_ERROR_FILE_WRITE, or KLO_ERROR_NOT_SUPPORTED for parts that
 // MPS cannot hold (PSD rows and variables, indicators, semi-integer
-// variables, more than one objective).
+// variables, more than one objective, a row whose lower bound is above its
+// upper one).
 void writeMps(const std::string& path, const ModelData& d);
 
 }  // namespace klo

@@ -1,6 +1,5 @@
 // Writes free-format MPS that readMps reads back to the same model: numbers
 // with the fewest digits that read back exactly, names of any length.
-#include <cmath>
 #include <unordered_set>
 
 #include "common/error.h"
@@ -15,7 +14,10 @@ namespace {
 
 void refuseWhatMpsCannotHold(const std::string& path, const ModelData& d) {
   const char* what = nullptr;
-  for (const Row& r : d.rows) what = r.hasPsd() ? "PSD terms" : what;
+  for (const Row& r : d.rows) {
+    if (r.lower > r.upper) what = "rows whose lower bound is above the upper one";
+    if (r.hasPsd()) what = "PSD terms";
+  }
   if (!d.psdVars.empty()) what = "PSD variables";
   if (!d.indicators.empty()) what = "indicator constraints";
   if (d.objectives.size() > 1) what = "several objectives";
@@ -25,8 +27,6 @@ void refuseWhatMpsCannotHold(const std::string& path, const ModelData& d) {
                                       "\": the MPS writer does not support " + what +
                                       " (write an .lp file)");
 }
-
-bool finite(double v) { return std::fabs(v) < KLO_INFINITY; }
 
 // A row as MPS has it: a type, a right-hand side and maybe a range.
 struct MpsRowForm {
@@ -45,11 +45,11 @@ MpsRowForm rangeForm(double lo, double up) {
   return {'L', up, width, true};
 }
 
-// A free row is an L row without a right-hand side (1e20), since the
-// reader drops N rows after the first.
+// A free row is an L row whose right-hand side is 1e20 (no bound), since
+// the reader drops N rows after the first.
 MpsRowForm rowForm(const Row& r) {
-  if (!finite(r.lower)) return {'L', finite(r.upper) ? r.upper : KLO_INFINITY};
-  if (!finite(r.upper)) return {'G', r.lower};
+  if (r.lower <= -KLO_INFINITY) return {'L', r.upper};
+  if (r.upper >= KLO_INFINITY) return {'G', r.lower};
   if (r.lower == r.upper) return {'E', r.lower};
   return rangeForm(r.lower, r.upper);
 }
@@ -167,23 +167,27 @@ void MpsWriter::bound(const char* type, int j) {
 
 // From the reader's defaults: [0, infinity], and [0, 1] for an integer
 // column no bound names.  LO 0 goes before a negative UP, which would
-// otherwise make the lower bound -infinity.
+// otherwise make the lower bound -infinity; SC 0 reads as no upper bound,
+// so an upper bound of 0 follows SC as UP.
 void MpsWriter::bounds(int j) {
   double lb = d_.lb[j], ub = d_.ub[j];
-  char t = d_.type[j];
-  bool integer = t == 'I' || t == 'B';
+  bool integer = d_.type[j] == 'I' || d_.type[j] == 'B', semi = d_.type[j] == 'S';
+  bool noLower = lb <= -KLO_INFINITY, noUpper = ub >= KLO_INFINITY;
   if (integer && lb == 0 && ub == 1) return;
-  if (t != 'S' && lb == ub && finite(lb)) return bound("FX", j, lb);
-  if (!finite(lb) && lb < 0 && !finite(ub) && ub > 0 && t != 'S') return bound("FR", j);
-  if (!finite(lb) && lb < 0)
+  if (!semi && lb == ub) return bound("FX", j, lb);
+  if (!semi && noLower && noUpper) return bound("FR", j);
+  if (noLower)
     bound("MI", j);
-  else if (lb != 0 || (ub < 0 && t != 'S'))
+  else if (lb != 0 || (ub < 0 && !semi))
     bound("LO", j, lb);
-  if (t == 'S') return bound("SC", j, finite(ub) && ub != 0 ? ub : KLO_INFINITY);
-  if (finite(ub) || ub < 0)
+  if (semi) {
+    bound("SC", j, ub != 0 ? ub : KLO_INFINITY);
+    if (ub == 0) bound("UP", j, 0);
+  } else if (!noUpper) {
     bound("UP", j, ub);
-  else if (integer && lb == 0)
+  } else if (integer && lb == 0) {
     bound("PL", j);
+  }
 }
 
 void MpsWriter::sosSection() {

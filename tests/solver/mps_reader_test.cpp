@@ -255,9 +255,10 @@ TEST(MpsWriter, BoundsAndRangesRoundTripExactly) {
     char type;
     double lb, ub;
   };
-  const Column columns[] = {{'C', 0, -3},   {'C', -kInf, -kInf}, {'C', 2.5, 2.5},
-                            {'I', 0, kInf}, {'I', -kInf, 4},     {'B', 0, 1},
-                            {'S', 2, 8},    {'S', -1, kInf},     {'C', 1e-300, 1e19}};
+  const Column columns[] = {{'C', 0, -3},      {'C', -kInf, -kInf}, {'C', 2.5, 2.5},
+                            {'I', 0, kInf},    {'I', -kInf, 4},     {'B', 0, 1},
+                            {'S', 2, 8},       {'S', -1, kInf},     {'S', 0, 0},
+                            {'C', kInf, kInf}, {'C', 1e-300, 1e19}};
   // [-3.97, -0.87] reads back exactly as an L row only.
   const double ranges[][2] = {{0.1, 0.3}, {-3.97, -0.87}, {-1e-3, 7.77},   {-kInf, kInf},
                               {5, 5},     {-2, kInf},     {1e15, 1e15 + 3}};
@@ -284,6 +285,21 @@ TEST(MpsWriter, BoundsAndRangesRoundTripExactly) {
   for (int i = 0; i < d.numRows(); ++i) {
     EXPECT_EQ(back.rows[i].lower, d.rows[i].lower) << i;
     EXPECT_EQ(back.rows[i].upper, d.rows[i].upper) << i;
+  }
+}
+
+TEST(MpsWriter, RefusesARowWhoseBoundsCross) {
+  ModelData d;
+  klo::Row row;
+  row.lower = 5;
+  row.upper = 3;
+  klo::appendRow(d, row, "crossed");
+  TempFile file(".mps");
+  try {
+    klo::writeMps(file.path(), d);
+    ADD_FAILURE() << "written";
+  } catch (const klo::Error& e) {
+    EXPECT_EQ(e.code, KLO_ERROR_NOT_SUPPORTED);
   }
 }
 
