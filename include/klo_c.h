@@ -564,12 +564,22 @@ int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, 
  *  bases, solutions) must be a file or a pipe: a directory or a device
  *  gives KLO_ERROR_FILE_OPEN.  A compressed file whose data or trailer
  *  (checksum, length) is damaged or cut short gives KLO_ERROR_FILE_READ,
- *  and so does a line longer than KLO_MAX_LINE_LENGTH.  MPS files may be fixed or free format, with OBJSENSE,
- *  RANGES, every standard bound type, integer markers, SOS and QUADOBJ; an
- *  integer column with bounds [0, 1] becomes binary.  A malformed file
- *  gives KLO_ERROR_FILE_READ with "file:line: reason" as the message; an
- *  MPS file that repeats a row name, or whose column entries are not all
- *  together, is malformed ("file: row "name" occurs twice"). */
+ *  and so does a line longer than KLO_MAX_LINE_LENGTH.  MPS files may be
+ *  fixed or free format (names of any length, with blanks only in fixed
+ *  format), with NAME, OBJSENSE, ROWS, COLUMNS with integer markers, RHS,
+ *  RANGES, BOUNDS (UP, LO, FX, FR, MI, PL, BV, LI, UI, SC), SOS (S1 and S2
+ *  sets), QUADOBJ and QMATRIX (one triangle or all of Q in the objective's
+ *  1/2 x'Qx), QSECTION and QCMATRIX (all of a row's Q in x'Qx) and
+ *  ENDATA.  The first N row is the objective; later N rows are dropped
+ *  with their entries.  An integer column without bounds, or with bounds
+ *  [0, 1], becomes binary; a negative UP bound on a column whose lower
+ *  bound is not given makes that bound -infinity.  Numbers are decimals
+ *  read whole and finite ("1e", ".", "inf" or "1e400" are malformed);
+ *  bounds at or beyond 1e20 are infinite.  A malformed file gives
+ *  KLO_ERROR_FILE_READ with "file:line: what was expected, what was found"
+ *  as the message; an MPS file that repeats a row name, or whose column
+ *  entries are not all together, is malformed ("file:line: row "name"
+ *  occurs twice"). */
 int KLOreadmodel(KLOenv* env, const char* filename, KLOmodel** modelP);
 
 /** Deep, independent copy of a model and its environment; null on failure. */
@@ -589,8 +599,10 @@ int KLOread(KLOmodel* model, const char* filename);
  *  same model.  Names that a format cannot hold (empty, repeated, with
  *  blanks or operator characters, or read as numbers or keywords in LP
  *  files) are replaced by generated ones: "C<j>" for variables, "R<i>" for
- *  rows.  MPS cannot hold quadratic or PSD rows, PSD variables, indicators
- *  or several objectives, LP files no PSD variables or several objectives:
+ *  rows.  MPS cannot hold PSD rows or variables, indicators, semi-integer
+ *  variables, several objectives or a row whose lower bound is above its
+ *  upper one (quadratic rows go to QCMATRIX sections), LP files no PSD
+ *  variables or several objectives:
  *  such models give KLO_ERROR_NOT_SUPPORTED.  ".sol" and ".bas" need a
  *  solution or a basis (KLO_ERROR_DATA_NOT_AVAILABLE otherwise). */
 int KLOwrite(KLOmodel* model, const char* filename);

@@ -1,14 +1,11 @@
 #include "common/text_file.h"
 
-#include <sys/mman.h>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <zlib.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -117,33 +114,6 @@ void writeTextFile(const std::string& path, const std::string& text) {
     ok = std::fclose(f) == 0 && ok;
   }
   if (!ok) fail(KLO_ERROR_FILE_WRITE, "Error writing \"" + path + "\"");
-}
-
-TempPath::TempPath() {
-  // An in-memory file first: on a disk that discards freed blocks, creating
-  // and removing a real file costs milliseconds.
-  fd_ = memfd_create("klo", 0);
-  if (fd_ >= 0) {
-    path_ = "/proc/self/fd/" + std::to_string(fd_);
-    if (access(path_.c_str(), W_OK) == 0) return;  // /proc may be missing
-    close(fd_);
-    fd_ = -1;
-  }
-  const char* dir = std::getenv("TMPDIR");
-  std::string tmpl = std::string(dir && *dir ? dir : "/tmp") + "/klo_XXXXXX";
-  std::vector<char> name(tmpl.begin(), tmpl.end());
-  name.push_back('\0');
-  int fd = mkstemp(name.data());
-  if (fd < 0) fail(KLO_ERROR_FILE_WRITE, "Cannot create a temporary file in " + tmpl);
-  close(fd);
-  path_ = name.data();
-}
-
-TempPath::~TempPath() {
-  if (fd_ >= 0)
-    close(fd_);
-  else
-    std::remove(path_.c_str());
 }
 
 }  // namespace klo

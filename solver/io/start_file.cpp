@@ -3,9 +3,9 @@
 
 #include "common/error.h"
 #include "common/text.h"
+#include "common/text_file.h"
 #include "io/file_names.h"
 #include "io/side_files.h"
-#include "common/text_file.h"
 #include "klo_c.h"
 
 namespace klo {
@@ -34,7 +34,7 @@ std::vector<double> readStartFile(const std::string& path, const ModelData& d) {
     if (w.empty()) continue;
     std::string where = path + ":" + std::to_string(lineNo) + ": ";
     double v = 0;
-    if (w.size() != 2 || !parseDouble(w[1], v) || v != v)
+    if (w.size() != 2 || !parseDouble(w[1], v))
       fail(KLO_ERROR_FILE_READ, where + "expected \"name value\"");
     int j = lookup.find(w[0]);
     if (j < 0) fail(KLO_ERROR_FILE_READ, where + "unknown variable \"" + w[0] + "\"");

@@ -24,6 +24,12 @@ void NameTable::append(std::string name) {
   if (!stale_ && !names_.back().empty()) index_.emplace(names_.back(), size() - 1);
 }
 
+void NameTable::assign(std::vector<std::string> names) {
+  names_ = std::move(names);
+  index_.clear();
+  stale_ = true;
+}
+
 void NameTable::retain(const std::vector<bool>& keep) {
   klo::retain(names_, keep);
   stale_ = true;

@@ -17,6 +17,9 @@ class NameTable {
   const std::string& get(int i) const { return names_[i]; }
   void set(int i, std::string name);
   void append(std::string name);
+  // Replaces every name; the index is built at the first lookup (a file
+  // reader's model may never be searched by name).
+  void assign(std::vector<std::string> names);
   // Keeps the names whose flag in keep is true, in order.
   void retain(const std::vector<bool>& keep);
   void clear();

@@ -15,9 +15,7 @@ struct SnapshotOptions {
 
 std::string snapshot(KLOmodel* model, SnapshotOptions options = {});
 
-// Whether two snapshots agree, numbers within a relative tolerance (the
-// MPS reader of CoinUtils parses decimals a few units in the last place
-// away from the nearest double).
+// Whether two snapshots agree, numbers within a relative tolerance.
 bool sameNumbers(const std::string& a, const std::string& b, double relTol);
 
 }  // namespace klotest
