@@ -6,9 +6,9 @@
 #include <cctype>
 
 #include "common/error.h"
+#include "common/text_file.h"
 #include "io/lp.h"
 #include "io/lp_lexer.h"
-#include "common/text_file.h"
 #include "klo_c.h"
 #include "store/checks.h"
 #include "store/edit.h"
@@ -404,10 +404,16 @@ class LpReader {
     if (!isOp("::")) bad("expected '::' after the SOS type");
     next();
     PendingSos s{line, type, {}, {}};
-    while (peek().kind == LpToken::Name && isOp(":", 1) && peek(2).kind == LpToken::Number) {
+    // member:weight, the weight with an optional sign (the writer writes
+    // negative weights as they are)
+    auto weightAhead = [this] {
+      return peek(2).kind == LpToken::Number ||
+             ((isOp("-", 2) || isOp("+", 2)) && peek(3).kind == LpToken::Number);
+    };
+    while (peek().kind == LpToken::Name && isOp(":", 1) && weightAhead()) {
       s.members.push_back(column(next().text));
       next();
-      s.weights.push_back(next().value);
+      s.weights.push_back(number());
     }
     sets_.push_back(std::move(s));
   }

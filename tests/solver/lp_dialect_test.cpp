@@ -76,6 +76,17 @@ TEST_F(LpDialect, LongSpellingsAndBinaries) {
   EXPECT_EQ(std::string(t.begin(), t.end()), "CSB");
 }
 
+// Weights with a sign, as the writer writes negative ones.
+TEST_F(LpDialect, SosWeightsMayBeNegative) {
+  read("Minimize\n obj: x + y\nSubject To\n r: x + y >= 1\nSOS\n s: S1 :: x:-1 y:+2.5\nEnd\n");
+  int n = 0, type = 0, beg = 0, ind[2];
+  double w[2];
+  ASSERT_EQ(KLOgetsos(model, &n, &type, &beg, ind, w, 0, 1), KLO_OK);
+  EXPECT_EQ(n, 2);
+  EXPECT_EQ(w[0], -1.0);
+  EXPECT_EQ(w[1], 2.5);
+}
+
 TEST_F(LpDialect, QuadraticObjectiveWithoutTheHalf) {
   read("Minimize\n obj: [ x^2 + 3 x * y ]\nSubject To\n c: x + y >= 1\nEnd\n");
   int n = 0, r[2], c[2];

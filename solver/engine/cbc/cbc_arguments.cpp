@@ -47,6 +47,13 @@ void addLimits(Args& a, const Problem& p, const Settings& s, double timeLeft) {
     add(a, "cutoff", formatNumber(p.sense * (s.cutoff - p.objConstant)));
 }
 
+bool sosOfIntegers(const Problem& p) {
+  for (const SosSet& set : p.sos)
+    for (int j : set.members)
+      if (p.colType[j] != KLO_CONTINUOUS) return true;
+  return false;
+}
+
 }  // namespace
 
 int cbcLogLevel(const Settings& s) { return s.logLevel <= 1 ? 0 : s.logLevel - 1; }
@@ -59,7 +66,9 @@ std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, doubl
   addLimits(a, p, s, timeLeft);
   add(a, "integerTolerance", formatNumber(s.integerTolerance));
   addCuts(a, s.levelCuts);
-  addHeuristics(a, s.levelHeurs);
+  // A heuristic's point that breaks an SOS set of integer members makes
+  // Cbc assert when it checks the point (CbcSOS::feasibleRegion).
+  addHeuristics(a, sosOfIntegers(p) ? 0 : s.levelHeurs);
   if (s.presolve == 0) add(a, "presolve", "off");
   // Preprocessing asserts on SOS sets it cannot handle (a member that may
   // be negative, members fixed at 0: CglPreProcess::preProcessNonDefault).

@@ -35,7 +35,9 @@
 //    coefficients of magnitude 1e16 or more make probing assert (the
 //    declaration refuses 1e15 and up); an SOS member that cannot be zero
 //    makes CbcSOS assert (such sets are settled first, solve/fixed_sos.h);
-//    an infinite SOS weight asserts (refused by the problem check).
+//    an infinite SOS weight asserts (refused by the problem check); a
+//    heuristic's point that breaks an SOS set of integer members asserts
+//    when Cbc checks it (heuristics are off for such problems).
 //  - 1e20 is a finite bound to Clp underneath: bounds go in as COIN_DBL_MAX.
 // Cbc's headers need its model declared first.
 // clang-format off
