@@ -257,7 +257,11 @@ class LpReader {
     return e;
   }
 
+  // One statement: a second one means terms without an operator between
+  // them ("x y", or a coefficient like "nan y").
   void objective() {
+    if (objectiveRead_) bad("expected an operator between the objective's terms");
+    objectiveRead_ = true;
     optionalLabel();
     Expr e = expr();
     objInd_.insert(objInd_.end(), e.ind.begin(), e.ind.end());
@@ -499,6 +503,7 @@ class LpReader {
   std::vector<int> objInd_, objQr_, objQc_;
   std::vector<double> objVal_, objQv_;
   double objConst_ = 0;
+  bool objectiveRead_ = false;
   std::vector<PendingRow> rows_;
   std::vector<PendingIndicator> indicators_;
   std::vector<PendingSos> sets_;

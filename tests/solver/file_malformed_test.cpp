@@ -45,6 +45,7 @@ const BadFile kBadFiles[] = {
     {".lp", "Minimize\n obj: x\nSOS\n s: S3 :: x:1\nEnd\n", ":4"},
     {".lp", "Minimize\n obj: x\nSOS\n s: S1 :: x:1 x:2\nEnd\n", ":4"},
     {".lp", "Minimize\n obj: x\nSubject To\n c: 1 <= x >= 2\nEnd\n", ":4"},
+    {".lp", "Minimize\n obj: x + nan y\nSubject To\n c: x >= 1\nEnd\n", ":2"},
     {".lp", "\x7f\x45\x4c\x46\x02\x01", ":1"},
     {".lp", "", ""},
 };
