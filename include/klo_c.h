@@ -692,7 +692,8 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *    "Method"                LP; the MIP's root relaxation uses Cbc's own choice
  *    "Presolve"              LP: Clp's presolve (skipped on a warm start);
  *                            MIP: 0 turns presolve and preprocessing off
- *    "MaxTime"               both, wall-clock seconds (KLO_STATUS_TIME_LIMIT)
+ *    "MaxTime"               both, wall-clock seconds from the start of the call,
+ *                            every pass and clean-up included (KLO_STATUS_TIME_LIMIT)
  *    "SPX/MaxIterations"     LP (KLO_STATUS_ITERATION_LIMIT)
  *    "SPX/PrimalTolerance", "SPX/DualTolerance"  both (the MIP's LPs too)
  *    "IPM/MaxIterations", "IPM/PrimalTolerance", "IPM/DualTolerance"  barrier
@@ -745,7 +746,8 @@ int KLOoptimize(KLOmodel* model);
  *  one at a time (each drop a feasibility solve), starting from those an
  *  LP's infeasibility certificate uses.  Integrality is kept and is not
  *  itself a member; a check of an integer program that cannot settle
- *  within 10000 nodes (or "MaxTime") keeps its bound, so the subsystem is
+ *  within 10000 nodes (or within what is left of "MaxTime", which counts
+ *  for the whole computation) keeps its bound, so the subsystem is
  *  then infeasible but perhaps not irreducible.  A feasible model, or one
  *  that cannot be proven infeasible, gives KLO_ERROR_INVALID_ARGUMENT;
  *  features without an engine KLO_ERROR_NOT_SUPPORTED.  The model and

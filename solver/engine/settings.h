@@ -27,6 +27,8 @@
 //  log.
 #pragma once
 
+#include <algorithm>
+#include <chrono>
 #include <climits>
 #include <functional>
 #include <string>
@@ -69,8 +71,12 @@ struct Settings {
   bool lazyConstraints = false;
 
   // Both
-  double maxTime = KLO_INFINITY;  // wall-clock seconds
-  int numThreads = -1;            // -1 automatic
+  double maxTime = KLO_INFINITY;  // wall-clock seconds, counted from started
+  // When the operation began (KLOoptimize, KLOcomputeIIS, ...): every
+  // engine run of it shares one clock, so that loading an engine, building
+  // its problem and running it again count against "MaxTime" too.
+  std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();
+  int numThreads = -1;  // -1 automatic
 
   // Log: level 0 silences the engine entirely; 1 gives the usual progress
   // and summary; higher levels pass more of the engine's own messages.
@@ -81,6 +87,13 @@ struct Settings {
   // The engine parameters set away from their defaults, (name, value as
   // text): what the chosen engine does not honour is said in the log.
   std::vector<std::pair<std::string, std::string>> changedParameters;
+
+  // Seconds left of "MaxTime" (KLO_INFINITY without a limit, 0 when spent).
+  double timeLeft() const {
+    if (maxTime >= KLO_INFINITY) return KLO_INFINITY;
+    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - started;
+    return std::max(0.0, maxTime - spent.count());
+  }
 };
 
 }  // namespace klo::engine

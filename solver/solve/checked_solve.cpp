@@ -1,7 +1,6 @@
 #include "solve/checked_solve.h"
 
 #include <algorithm>
-#include <chrono>
 #include <string>
 #include <utility>
 
@@ -15,7 +14,6 @@ namespace klo {
 namespace {
 
 using engine::LpMethod;
-using Clock = std::chrono::steady_clock;
 
 constexpr double kTighter = 0.01;
 
@@ -43,13 +41,13 @@ std::string figures(const Violations& v) {
 class CleanUp {
  public:
   CleanUp(const engine::Problem& p, const engine::Settings& s, const engine::Callback& cb,
-          engine::Engine& e, Clock::time_point started)
-      : p_(p), s_(s), cb_(cb), e_(e), started_(started) {}
+          engine::Engine& e)
+      : p_(p), s_(s), cb_(cb), e_(e) {}
 
   engine::Result run(engine::Result first) {
     engine::Result best = std::move(first), work = best;
     for (LpMethod m : {LpMethod::Primal, LpMethod::Dual}) {
-      if (work.colBasis.empty() || timeLeft() <= 0) break;
+      if (work.colBasis.empty() || s_.timeLeft() <= 0) break;
       engine::Result next = continueFrom(work, m);
       engine::addWork(work, next);
       const bool passed = next.status == KLO_STATUS_OPTIMAL && passesCheck(next, s_);
@@ -65,11 +63,6 @@ class CleanUp {
   }
 
  private:
-  double timeLeft() const {
-    const std::chrono::duration<double> spent = Clock::now() - started_;
-    return s_.maxTime - spent.count();
-  }
-
   engine::Result continueFrom(const engine::Result& from, LpMethod method) {
     engine::Problem warm = p_;
     warm.colBasis = from.colBasis;
@@ -79,7 +72,6 @@ class CleanUp {
     s.presolve = 0;
     s.primalTolerance *= kTighter;
     s.dualTolerance *= kTighter;
-    if (s.maxTime < KLO_INFINITY) s.maxTime = timeLeft();
     engine::Result r = e_.solve(warm, s, cb_);
     measureAnswer(p_, r, s_);
     return r;
@@ -97,7 +89,6 @@ class CleanUp {
   const engine::Settings& s_;
   const engine::Callback& cb_;
   engine::Engine& e_;
-  Clock::time_point started_;
 };
 
 // The problem to solve: p, or settled (a copy of p with its SOS sets
@@ -125,7 +116,6 @@ engine::Result infeasibleSos(const engine::Settings& s) {
 engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
                             const engine::Callback& cb, const char* what,
                             const std::vector<engine::EngineEntry>& from) {
-  const Clock::time_point started = Clock::now();
   const engine::EngineEntry& entry = chooseEngine(p, what, from);
   engine::checkLimits(p, entry.caps.coefficientLimit, entry.caps.boundLimit, entry.name);
   engine::Problem settled;
@@ -137,7 +127,7 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
   if (r.status != KLO_STATUS_OPTIMAL || passesCheck(r, s)) return r;
   engine::logLine(s,
                   std::string("Answer check failed (") + figures(r.violations) + "): cleaning up");
-  return CleanUp(*q, s, cb, *e, started).run(std::move(r));
+  return CleanUp(*q, s, cb, *e).run(std::move(r));
 }
 
 }  // namespace klo

@@ -1,7 +1,6 @@
 #include "solve/objectives.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <numeric>
 
@@ -80,17 +79,13 @@ engine::Result solveObjectives(const engine::Problem& base, const ModelData& d,
   if (base.objQuad.size() > 0)
     fail(KLO_ERROR_NOT_SUPPORTED,
          "KLOoptimize: several objectives together with quadratic objective terms are not solved");
-  const auto started = std::chrono::steady_clock::now();
   const std::vector<Pass> passes = passesOf(d);
   engine::Problem p = base;
   engine::Result r, totals;
   for (size_t k = 0; k < passes.size(); ++k) {
     p.obj = passes[k].coef;
     p.objConstant = passes[k].constant;
-    engine::Settings s = settings;
-    const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - started;
-    if (s.maxTime < KLO_INFINITY) s.maxTime = std::max(0.0, s.maxTime - spent.count());
-    r = checkedSolve(p, s, cb, "KLOoptimize");
+    r = checkedSolve(p, settings, cb, "KLOoptimize");  // one clock for every pass
     if (k + 1 == passes.size() || r.status != KLO_STATUS_OPTIMAL) break;
     engine::addWork(totals, r);
     holdPass(p, passes[k], r.objective, d.sense);

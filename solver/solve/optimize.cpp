@@ -32,6 +32,7 @@ void optimize(KLOmodel& m) {
   const auto started = std::chrono::steady_clock::now();
   engine::Problem p = problemFromModel(m.data);
   engine::Settings s = settingsFromParams(m.env);
+  s.started = started;  // building the problem counts against "MaxTime" too
   engine::Callback cb = userCallback(m);
   relayMessages(m.data, m.env.params.getInt("OutputFlag") != 0, s, cb);
   std::vector<Switch> switches =

@@ -85,9 +85,7 @@ class CbcRun {
     CbcMain0(model, data);
     model.setLogLevel(cbcLogLevel(s_));
     install(model);
-    const double timeLeft = s_.maxTime >= KLO_INFINITY
-                                ? KLO_INFINITY
-                                : std::max(0.0, s_.maxTime - state_.ctx.runtime());
+    const double timeLeft = s_.timeLeft();
     std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
     std::vector<const char*> argv;
     for (const std::string& a : args) argv.push_back(a.c_str());

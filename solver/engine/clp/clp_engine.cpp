@@ -152,7 +152,7 @@ class ClpRun {
     }
   }
 
-  double timeLeft() const { return std::max(0.0, s_.maxTime - secondsSince(started_)); }
+  double timeLeft() const { return s_.timeLeft(); }
 
   // Runs the chosen algorithm on model (the original or a presolved one).
   Outcome solve(ClpSimplex& model) {
@@ -272,9 +272,8 @@ class ClpRun {
       case 1: return KLO_STATUS_INFEASIBLE;
       case 2: return KLO_STATUS_UNBOUNDED;
       case 3:
-        return o.secondary == 9 || secondsSince(started_) >= s_.maxTime
-                   ? KLO_STATUS_TIME_LIMIT
-                   : KLO_STATUS_ITERATION_LIMIT;
+        return o.secondary == 9 || s_.timeLeft() <= 0 ? KLO_STATUS_TIME_LIMIT
+                                                      : KLO_STATUS_ITERATION_LIMIT;
       default: return KLO_STATUS_NUMERICAL;
     }
   }
