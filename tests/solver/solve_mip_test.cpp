@@ -94,6 +94,25 @@ TEST_F(SolveMip, LimitsStopWithTheBestSolutionReadable) {
   }
 }
 
+// misc06's root (cuts, heuristics, the re-solve after preprocessing) takes
+// longer than these limits: they still stop it there, well before the time
+// the full solve takes, and a limit spent inside an LP (which Cbc reads as
+// an infeasible one) is not called infeasible.
+TEST_F(SolveMip, TimeLimitStopsInsideTheRoot) {
+  readInstance("misc06.mps.gz");
+  optimize();
+  ASSERT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  const double full = dbl("SolutionTime");
+  for (double limit : {1e-6, 0.01, 0.02, 0.03, 0.05}) {
+    SCOPED_TRACE(limit);
+    readInstance("misc06.mps.gz");
+    setDbl("MaxTime", limit);
+    optimize();
+    EXPECT_EQ(intAttr("Status"), KLO_STATUS_TIME_LIMIT);
+    EXPECT_LT(dbl("SolutionTime"), full / 2);
+  }
+}
+
 TEST_F(SolveMip, PoolSolutionsAreReadByNumber) {
   readInstance("stein27.mps.gz");
   setInt("MIP/SolutionPoolSize", 5);

@@ -7,7 +7,10 @@
 //    file-level statics: a process-wide mutex keeps to one solve at a time.
 //    The overload taking CbcSolverUsefulData lets us refuse its SIGINT
 //    handler and its banner.
-//  - "-seconds" counts CPU time unless "-timeMode elapsed" comes first.
+//  - "-seconds" counts CPU time unless "-timeMode elapsed" comes first.  It
+//    bounds the search, not the re-solve that undoes preprocessing after it
+//    (see limitSearchTime).  An LP cut short by it in preprocessing ends the
+//    run as "infeasible" (secondary status 1, proven infeasible).
 //  - isProvenOptimal() is also true after a gap stop; the status comes from
 //    secondaryStatus(), where every limit is distinct.
 //  - Cbc minimises inside the search: a maximisation is handed over with
@@ -85,6 +88,7 @@ class CbcRun {
     CbcMain0(model, data);
     model.setLogLevel(cbcLogLevel(s_));
     install(model);
+    current = this;
     const double timeLeft = s_.timeLeft();
     std::vector<std::string> args = cbcArguments(p_, s_, timeLeft, static_cast<bool>(cb_));
     std::vector<const char*> argv;
@@ -97,10 +101,28 @@ class CbcRun {
 
  private:
   // CbcMain1's hooks, called at its stages (3: just before branch and bound).
-  static int beforeSearch(CbcModel*, int) { return 0; }
+  // They are plain functions; the run they serve is the one holding the
+  // driver mutex.
+  static CbcRun* current;
+  static int beforeSearch(CbcModel* model, int whereFrom) {
+    if (whereFrom == 1) current->firstLpSeconds_ = model->getCurrentSeconds();
+    if (whereFrom == 3) current->limitSearchTime(*model);
+    return 0;
+  }
   static int beforeLazySearch(CbcModel* model, int whereFrom) {
     if (whereFrom == 3) allowLazyRows(*model);
-    return 0;
+    return beforeSearch(model, whereFrom);
+  }
+
+  // Cbc's "seconds" bound the search alone; after it, undoing preprocessing
+  // re-solves the LP, which took misc06 twice its first LP solve, a third
+  // of a 0.1 s limit.  So the search gets what is left on our clock less
+  // twice that first solve; with nothing left it stops at its first check.
+  void limitSearchTime(CbcModel& model) const {
+    const double left = s_.timeLeft();
+    if (left >= KLO_INFINITY) return;
+    const double now = model.getCurrentSeconds();
+    model.setMaximumSeconds(now + std::max(0.0, left - 2 * firstLpSeconds_));
   }
 
   // Lazy rows are correct only without restarts, dominated-column fixing
@@ -181,6 +203,10 @@ class CbcRun {
 
   int status(const CbcModel& m) const {
     if (state_.stopRequested) return KLO_STATUS_INTERRUPTED;
+    // An LP cut short by the limit (in preprocessing, say) reads to Cbc as
+    // an infeasible one: without a solution, a spent limit is the reason.
+    const bool outOfTime = m.maximumSecondsReached() || s_.timeLeft() <= 0;
+    if (!r_.hasSolution && outOfTime) return KLO_STATUS_TIME_LIMIT;
     switch (m.secondaryStatus()) {
       case 0:
       case 2: return r_.hasSolution ? KLO_STATUS_OPTIMAL : KLO_STATUS_INFEASIBLE;
@@ -258,7 +284,10 @@ class CbcRun {
   OsiClpSolverInterface solver_;
   SearchState state_;
   Result r_;
+  double firstLpSeconds_ = 0;  // Cbc's clock when its first LP is solved
 };
+
+CbcRun* CbcRun::current = nullptr;
 
 }  // namespace
 
