@@ -88,6 +88,9 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_ERROR_ENV_NOT_STARTED -7 /**< "The environment has not been started" */
 /** "The model is being solved" (a model function called from its own callback) */
 #define KLO_ERROR_BUSY -8
+/** "The model is not convex": a quadratic objective or row that is not
+ *  convex (the detail names it), refused unless "NonConvex" is 1 */
+#define KLO_ERROR_NONCONVEX -9
 
 /* Attributes and parameters */
 #define KLO_ERROR_UNKNOWN_ATTRIBUTE -1001 /**< "Unknown attribute name" */
@@ -149,6 +152,9 @@ typedef struct KLOmodel KLOmodel;
  *  check (see "MaxPrimalViolation" and the other figures) even after a
  *  clean-up; the answer with the smallest violations is kept. */
 #define KLO_STATUS_SUBOPTIMAL 12
+/** A nonconvex model solved with "NonConvex" 1: the answer is a local
+ *  optimum (it passed the same check), with no proof that none is better. */
+#define KLO_STATUS_LOCALLY_OPTIMAL 13
 /* With a limit status the best solution found so far stays readable
  * ("HasSolution" tells whether there is one). */
 
@@ -298,6 +304,10 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *   "PDHG/MaxIterations"  2147483647 [0, 2147483647] first-order iteration limit
  *   "SolutionTarget"      -1    [-1, 1]  -1 automatic, 0 basic solution, 1 any optimal solution
  *   "ObjNumber"            0    [0, 2147483647] objective addressed by "ObjN..." attributes
+ *   "NonConvex"            0    [0, 1]   a model with a quadratic part that is not convex:
+ *                                        0 refuses it (KLO_ERROR_NONCONVEX, naming the row
+ *                                        or the objective), 1 solves it to a local optimum
+ *                                        ("Status" KLO_STATUS_LOCALLY_OPTIMAL)
  *
  * double parameters
  *   "MaxTime"              1e20  [0, 1e20]  wall-clock limit in seconds

@@ -22,6 +22,7 @@ const CodeText kTexts[] = {
     {KLO_ERROR_DATA_NOT_AVAILABLE, "No solution information is available"},
     {KLO_ERROR_ENV_NOT_STARTED, "The environment has not been started"},
     {KLO_ERROR_BUSY, "The model is being solved"},
+    {KLO_ERROR_NONCONVEX, "The model is not convex"},
     {KLO_ERROR_UNKNOWN_ATTRIBUTE, "Unknown attribute name"},
     {KLO_ERROR_ATTRIBUTE_TYPE, "The attribute is of another type"},
     {KLO_ERROR_ATTRIBUTE_LEVEL, "The attribute belongs to the other level"},

@@ -19,6 +19,7 @@ const char* statusText(int status) {
     case KLO_STATUS_INTERRUPTED: return "interrupted";
     case KLO_STATUS_CUTOFF: return "no solution better than the cutoff";
     case KLO_STATUS_SUBOPTIMAL: return "suboptimal: the answer failed the check";
+    case KLO_STATUS_LOCALLY_OPTIMAL: return "locally optimal";
     default: return "unknown status";
   }
 }

@@ -34,6 +34,9 @@ struct Capabilities {
   bool rays = false;   // Farkas certificates and unbounded directions
   bool basis = false;  // basis statuses, and warm starts from one
   bool pool = false;   // several solutions, best first
+  // Takes nonconvex models, giving locally optimal answers (the chooser
+  // hands it one only when "NonConvex" asks for that).
+  bool local = false;
   // The parameters (klo_c.h names) it honours.
   std::vector<const char*> parameters;
   // Coefficients, and finite bounds, of these magnitudes or more are

@@ -28,7 +28,8 @@ double dualObjective(const Problem& p, const Result& r) {
     double b = pairedBound(p.sense * r.reducedCosts[j], p.colLower[j], p.colUpper[j], r.x[j]);
     v += r.reducedCosts[j] * b;
   }
-  return v;
+  // A quadratic objective's (Wolfe) dual: the bound terms less x'Qx / 2.
+  return v - quadValue(p.objQuad, r.x.data());
 }
 
 double farkasMargin(const Problem& p, const std::vector<double>& y) {

@@ -42,6 +42,7 @@ struct QuadTerms {
 struct QuadRow {
   int row = 0;
   QuadTerms terms;
+  std::string name;  // the row's name, for messages ("" when it has none)
 };
 
 struct SymMatrix {

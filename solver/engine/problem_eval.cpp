@@ -8,18 +8,6 @@
 namespace klo::engine {
 namespace {
 
-// The value of the terms, and (when largest is given) the largest term
-// folded into *largest.
-double quadValue(const QuadTerms& q, const double* x, double* largest = nullptr) {
-  double v = 0.0;
-  for (int t = 0; t < q.size(); ++t) {
-    const double term = q.val[t] * x[q.row[t]] * x[q.col[t]];
-    v += term;
-    if (largest) *largest = std::max(*largest, std::fabs(term));
-  }
-  return v;
-}
-
 // <m, X> for a symmetric m of one triangle and a full X.
 double innerProduct(const SymMatrix& m, const std::vector<double>& x, int dim) {
   double v = 0.0;
@@ -77,6 +65,16 @@ double columnViolation(const Problem& p, int j, double v) {
 }
 
 }  // namespace
+
+double quadValue(const QuadTerms& q, const double* x, double* largest) {
+  double v = 0.0;
+  for (int t = 0; t < q.size(); ++t) {
+    const double term = q.val[t] * x[q.row[t]] * x[q.col[t]];
+    v += term;
+    if (largest) *largest = std::max(*largest, std::fabs(term));
+  }
+  return v;
+}
 
 std::vector<double> rowActivities(const Problem& p, const double* x, const PsdValues* psdX,
                                   std::vector<double>* largest) {

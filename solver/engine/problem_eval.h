@@ -19,6 +19,9 @@ using PsdValues = std::vector<std::vector<double>>;
 std::vector<double> rowActivities(const Problem& p, const double* x,
                                   const PsdValues* psdX = nullptr,
                                   std::vector<double>* largest = nullptr);
+// sum_t val_t x_i(t) x_j(t); with largest, the largest term in absolute
+// value folded into *largest.
+double quadValue(const QuadTerms& q, const double* x, double* largest = nullptr);
 // The objective, constant, quadratic and PSD terms included.
 double objectiveOf(const Problem& p, const double* x, const PsdValues* psdX = nullptr);
 

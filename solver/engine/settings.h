@@ -70,6 +70,10 @@ struct Settings {
   // callback sees is rejected while it violates one.
   bool lazyConstraints = false;
 
+  // A nonconvex model gets a locally optimal answer ("NonConvex" 1)
+  // instead of a refusal.
+  bool nonconvexLocal = false;
+
   // Both
   double maxTime = KLO_INFINITY;  // wall-clock seconds, counted from started
   // When the operation began (KLOoptimize, KLOcomputeIIS, ...): every

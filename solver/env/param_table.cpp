@@ -52,6 +52,7 @@ const ParamDef kParams[] = {
     {"PDHG/MaxIterations", I, 0, kIntMax, kIntMax},
     {"SolutionTarget", I, -1, 1, -1},
     {"ObjNumber", I, 0, kIntMax, 0},
+    {"NonConvex", I, 0, 1, 0},
     {"MaxTime", D, 0, KLO_INFINITY, KLO_INFINITY},
     {"PresolveTolerance", D, 0, 1, 1e-9},
     {"SPX/PrimalTolerance", D, 1e-10, 1e-2, 1e-7},

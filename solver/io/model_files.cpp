@@ -11,7 +11,7 @@ namespace klo {
 FileKind fileKind(const std::string& path) {
   std::string p = endsWith(path, ".gz") ? path.substr(0, path.size() - 3) : path;
   bool gz = p.size() != path.size();
-  if (endsWith(p, ".mps")) return FileKind::Mps;
+  if (endsWith(p, ".mps") || endsWith(p, ".qps")) return FileKind::Mps;
   if (endsWith(p, ".lp")) return FileKind::Lp;
   if (!gz) {
     if (endsWith(p, ".prm")) return FileKind::Params;

@@ -34,6 +34,14 @@ std::string figures(const Violations& v) {
   return text;
 }
 
+// The work of every attempt, on the answer kept.
+engine::Result withWork(engine::Result best, const engine::Result& work) {
+  best.simplexIterations = best.barrierIterations = best.nodeCount = 0;
+  best.presolveTime = best.solverTime = 0.0;
+  engine::addWork(best, work);
+  return best;
+}
+
 // Simplex continuations from the basis an answer ended with, at tolerances
 // 100 times tighter (an engine judges optimality on its scaled problem: at
 // the same tolerances it would stop at once): primal simplex first, which
@@ -77,18 +85,79 @@ class CleanUp {
     return r;
   }
 
-  // The work of every attempt, on the answer kept.
-  static engine::Result withWork(engine::Result best, const engine::Result& work) {
-    best.simplexIterations = best.barrierIterations = best.nodeCount = 0;
-    best.presolveTime = best.solverTime = 0.0;
-    engine::addWork(best, work);
-    return best;
-  }
-
   const engine::Problem& p_;
   const engine::Settings& s_;
   const engine::Callback& cb_;
   engine::Engine& e_;
+};
+
+// When an answer without a basis fails (a QP's from the interior-point
+// method, which no simplex continues): the engine's other method, then the
+// other engines that take the problem, in order of preference.  The first
+// answer that passes the check is kept, else the one that misses least.
+class Fallback {
+ public:
+  // localOnly: p is nonconvex, and only engines giving local answers take it.
+  Fallback(const engine::Problem& p, const engine::Settings& s,
+           const std::vector<engine::EngineEntry>& from, bool localOnly)
+      : p_(p), s_(s), from_(from), localOnly_(localOnly) {}
+
+  engine::Result run(engine::Result first, const engine::EngineEntry& tried) {
+    engine::Result best = std::move(first), work = best;
+    for (const auto& [entry, settings] : attempts(tried)) {
+      if (s_.timeLeft() <= 0) break;
+      engine::logLine(s_, std::string("Trying ") + entry->name + describe(settings));
+      engine::Result next = entry->make()->solve(p_, settings);
+      measureAnswer(p_, next, s_);
+      engine::addWork(work, next);
+      const bool passed = next.status == KLO_STATUS_OPTIMAL && passesCheck(next, s_);
+      if (passed ||
+          (next.hasSolution && (!best.hasSolution || missBy(next, s_) < missBy(best, s_))))
+        best = std::move(next);
+      if (passed) return withWork(std::move(best), work);
+    }
+    engine::logLine(s_, "No method gave an answer that passes the check: reported as suboptimal");
+    if (best.hasSolution) best.status = KLO_STATUS_SUBOPTIMAL;
+    return withWork(std::move(best), work);
+  }
+
+ private:
+  using Attempt = std::pair<const engine::EngineEntry*, engine::Settings>;
+
+  std::vector<Attempt> attempts(const engine::EngineEntry& tried) const {
+    std::vector<Attempt> out;
+    if (honours(tried, "Method")) {
+      // Tighter, as for a clean-up: Clp's QP method leaves reduced
+      // gradients near its tolerance, whose products with the slacks add
+      // up past the check's (values: a gap of 1.7e-6).
+      engine::Settings primal = s_;
+      primal.method = LpMethod::Primal;
+      primal.primalTolerance *= kTighter;
+      primal.dualTolerance *= kTighter;
+      out.emplace_back(&tried, primal);
+    }
+    const unsigned wanted = engine::featuresOf(p_);
+    for (const engine::EngineEntry& e : from_)
+      if (&e != &tried && e.caps.takes(wanted) && (e.caps.local || !localOnly_))
+        out.emplace_back(&e, s_);
+    return out;
+  }
+
+  static bool honours(const engine::EngineEntry& e, const std::string& parameter) {
+    for (const char* name : e.caps.parameters)
+      if (parameter == name) return true;
+    return false;
+  }
+
+  std::string describe(const engine::Settings& s) const {
+    return s.dualTolerance < s_.dualTolerance ? " (primal method, tolerances 100 times tighter)"
+                                              : "";
+  }
+
+  const engine::Problem& p_;
+  const engine::Settings& s_;
+  const std::vector<engine::EngineEntry>& from_;
+  bool localOnly_;
 };
 
 // The problem to solve: p, or settled (a copy of p with its SOS sets
@@ -116,7 +185,8 @@ engine::Result infeasibleSos(const engine::Settings& s) {
 engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
                             const engine::Callback& cb, const char* what,
                             const std::vector<engine::EngineEntry>& from) {
-  const engine::EngineEntry& entry = chooseEngine(p, what, from);
+  const engine::EngineEntry& entry = chooseEngine(p, what, s.nonconvexLocal, from);
+  const bool local = entry.caps.local && classify(p) == ModelClass::Nonconvex;
   engine::checkLimits(p, entry.caps.coefficientLimit, entry.caps.boundLimit, entry.name);
   engine::Problem settled;
   const engine::Problem* q = withSettledSos(p, settled);
@@ -124,10 +194,16 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
   std::unique_ptr<engine::Engine> e = entry.make();
   engine::Result r = e->solve(*q, s, cb);
   measureAnswer(p, r, s);
-  if (r.status != KLO_STATUS_OPTIMAL || passesCheck(r, s)) return r;
-  engine::logLine(s,
-                  std::string("Answer check failed (") + figures(r.violations) + "): cleaning up");
-  return CleanUp(*q, s, cb, *e).run(std::move(r));
+  const bool failed = r.status == KLO_STATUS_OPTIMAL && !passesCheck(r, s);
+  const bool quadratic = p.objQuad.size() > 0 || !p.quadRows.empty();
+  if (failed || (quadratic && r.status == KLO_STATUS_NUMERICAL)) {
+    engine::logLine(s, std::string("Answer check failed (") + figures(r.violations) +
+                           (quadratic ? "): trying other methods" : "): cleaning up"));
+    r = quadratic ? Fallback(*q, s, from, local).run(std::move(r), entry)
+                  : CleanUp(*q, s, cb, *e).run(std::move(r));
+  }
+  if (local && r.status == KLO_STATUS_OPTIMAL) r.status = KLO_STATUS_LOCALLY_OPTIMAL;
+  return r;
 }
 
 }  // namespace klo

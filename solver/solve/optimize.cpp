@@ -38,7 +38,7 @@ void optimize(KLOmodel& m) {
   std::vector<Switch> switches =
       switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
   cb = withoutSwitches(std::move(cb), switches, m.data);
-  logUnusedParameters(chooseEngine(p, "KLOoptimize"), s);
+  logUnusedParameters(chooseEngine(p, "KLOoptimize", s.nonconvexLocal), s);
   engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
                                                   : checkedSolve(p, s, cb, "KLOoptimize");
   checkSwitchedColumns(switches, r, s);

@@ -42,7 +42,8 @@ void addNonlinear(engine::Problem& p, const ModelData& d) {
   p.objQuad = quadTerms(d.qobj);
   for (int i = 0; i < d.numRows(); ++i) {
     const Row& r = d.rows[i];
-    if (r.hasQuad()) p.quadRows.push_back(engine::QuadRow{i, quadTerms(r.nl->quad)});
+    if (r.hasQuad())
+      p.quadRows.push_back(engine::QuadRow{i, quadTerms(r.nl->quad), d.rowNames.get(i)});
     if (r.hasPsd())
       for (const PsdTerm& t : r.nl->psd)
         p.psdTerms.push_back(engine::PsdTerm{i, t.psdVar, symMatrix(t.mat)});

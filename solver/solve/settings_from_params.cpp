@@ -44,6 +44,7 @@ engine::Settings settingsFromParams(KLOenv& env) {
   lpSettings(s, p);
   mipSettings(s, p);
   s.maxTime = p.getDbl("MaxTime");
+  s.nonconvexLocal = p.getInt("NonConvex") != 0;
   s.started = std::chrono::steady_clock::now();
   s.numThreads = p.getInt("NumThreads");
   // With nowhere to write, the engine need not format its messages at all.

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <ostream>
@@ -15,7 +16,7 @@
 namespace klotest {
 
 struct Instance {
-  std::string name, kind, file;
+  std::string name, kind, file;  // file: relative to instancesDir()
   int rows = 0, cols = 0, integers = 0;
   double objective = 0.0;
 
@@ -30,10 +31,13 @@ inline std::string instancesDir() {
 
 inline std::string instancePath(const Instance& i) { return instancesDir() + "/" + i.file; }
 
-// The instances of one kind ("LP", "MIP"), or all of them ("").
-inline std::vector<Instance> readIndex(const std::string& kind = "") {
+// The instances of one kind ("LP", "MIP", "QP"), or all of them (""), of
+// the index in `folder` ("" for the top one, "qp" for the convex QPs).
+inline std::vector<Instance> readIndex(const std::string& kind = "",
+                                       const std::string& folder = "") {
   std::vector<Instance> out;
-  std::ifstream in(instancesDir() + "/index.csv");
+  const std::string prefix = folder.empty() ? "" : folder + "/";
+  std::ifstream in(instancesDir() + "/" + prefix + "index.csv");
   std::string line;
   std::getline(in, line);  // header
   while (std::getline(in, line)) {
@@ -41,15 +45,18 @@ inline std::vector<Instance> readIndex(const std::string& kind = "") {
     std::vector<std::string> f;
     for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
     if (f.size() != 7 || (!kind.empty() && f[1] != kind)) continue;
-    out.push_back(
-        {f[0], f[1], f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]), std::stod(f[6])});
+    out.push_back({f[0], f[1], prefix + f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]),
+                   std::stod(f[6])});
   }
   return out;
 }
 
 // Test names and printed parameters show the instance's name.
 inline std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
-  return info.param.name;
+  std::string name = info.param.name;  // test names take letters, digits and _
+  for (char& c : name)
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  return name;
 }
 inline void PrintTo(const Instance& i, std::ostream* os) { *os << i.name; }
 

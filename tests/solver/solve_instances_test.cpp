@@ -1,6 +1,6 @@
 // Every shared instance read with KLOreadmodel and solved with KLOoptimize
-// to the optimal objective of index.csv: LPs to a relative 1e-6, MIPs
-// within the gap tolerances the search stops at.
+// to the optimal objective of index.csv: LPs and QPs to a relative 1e-6,
+// MIPs within the gap tolerances the search stops at.
 #include <cmath>
 
 #include "instance_index.h"
@@ -34,6 +34,21 @@ TEST_P(SolveInstance, ReachesTheKnownOptimum) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Solve, SolveInstance, ::testing::ValuesIn(readIndex()), instanceName);
+
+// The convex QPs, to the published optimum; the bound is the QP's dual.
+class SolveQp : public SolveTest, public ::testing::WithParamInterface<Instance> {};
+
+TEST_P(SolveQp, ReachesThePublishedOptimum) {
+  const Instance& inst = GetParam();
+  readInstance(inst.file);
+  optimize();
+  ASSERT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  const double scale = std::max(1.0, std::fabs(inst.objective));
+  EXPECT_NEAR(dbl("ObjVal"), inst.objective, 1e-6 * scale);
+  EXPECT_NEAR(dbl("DualObjVal"), dbl("ObjVal"), 1e-6 * scale);
+}
+
+INSTANTIATE_TEST_SUITE_P(Solve, SolveQp, ::testing::ValuesIn(readIndex("QP", "qp")), instanceName);
 
 }  // namespace
 }  // namespace klotest

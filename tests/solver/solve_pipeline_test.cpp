@@ -65,18 +65,18 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
        [](Problem& p) {
          p.objQuad = {{0}, {0}, {1.0}};
        },
-       ModelClass::QP, "has quadratic objective terms"},
+       ModelClass::QP, "Clp"},
       {"QCQP",
        [](Problem& p) {
-         p.quadRows.push_back({0, {{0}, {1}, {1.0}}});
+         p.quadRows.push_back({0, {{0}, {0}, {-1.0}}, ""});  // concave in a >= row
        },
        ModelClass::QCQP, "has quadratic constraints"},
       {"MIQP",
        [](Problem& p) {
          p.colType[0] = 'B';
-         p.objQuad = {{0}, {1}, {1.0}};
+         p.objQuad = {{0}, {0}, {1.0}};
        },
-       ModelClass::MIQP, "has quadratic objective terms"},
+       ModelClass::MIQP, "has integer variables together with quadratic objective terms"},
       {"SDP",
        [](Problem& p) {
          p.psdVars.push_back({2, {}});
@@ -93,7 +93,7 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
     SCOPED_TRACE(c.name);
     Problem p = twoColumns();
     c.add(p);
-    EXPECT_EQ(klo::classify(klo::engine::featuresOf(p)), c.cls);
+    EXPECT_EQ(klo::classify(p), c.cls);
     try {
       EXPECT_STREQ(klo::chooseEngine(p, "KLOoptimize").name, c.outcome);
     } catch (const klo::Error& e) {
@@ -114,11 +114,11 @@ TEST(EngineChoice, FeaturesTakenOnlyApartAreRefusedTogether) {
   quadratic.caps.features = klo::engine::kQuadObjective;
   const std::vector<klo::engine::EngineEntry> both{integers, quadratic};
   Problem p = twoColumns();
-  EXPECT_STREQ(klo::chooseEngine(p, "x", both).name, "IntegersOnly");
+  EXPECT_STREQ(klo::chooseEngine(p, "x", false, both).name, "IntegersOnly");
   p.colType[0] = 'I';
   p.objQuad = {{0}, {0}, {1.0}};
   try {
-    klo::chooseEngine(p, "x", both);
+    klo::chooseEngine(p, "x", false, both);
     ADD_FAILURE() << "accepted";
   } catch (const klo::Error& e) {
     EXPECT_NE(e.message.find("integer variables together with quadratic objective terms"),
@@ -152,7 +152,7 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
       {"quadratic row",
        [](Problem& p, Result&) {
          p.rowUpper[0] = 3;
-         p.quadRows.push_back({0, {{0}, {0}, {1.0}}});
+         p.quadRows.push_back({0, {{0}, {0}, {1.0}}, ""});
          p.index = {1};
          p.value = {1};
          p.start = {0, 1};
