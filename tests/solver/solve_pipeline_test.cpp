@@ -65,18 +65,18 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
        [](Problem& p) {
          p.objQuad = {{0}, {0}, {1.0}};
        },
-       ModelClass::QP, "has quadratic objective terms"},
+       ModelClass::QP, "Ipopt"},
       {"QCQP",
        [](Problem& p) {
          p.quadRows.push_back({0, {{0}, {1}, {1.0}}});
        },
-       ModelClass::QCQP, "has quadratic constraints"},
+       ModelClass::QCQP, "Ipopt"},
       {"MIQP",
        [](Problem& p) {
          p.colType[0] = 'B';
          p.objQuad = {{0}, {1}, {1.0}};
        },
-       ModelClass::MIQP, "has quadratic objective terms"},
+       ModelClass::MIQP, "has integer variables together with quadratic objective terms"},
       {"SDP",
        [](Problem& p) {
          p.psdVars.push_back({2, {}});
