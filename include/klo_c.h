@@ -643,9 +643,9 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  objectives within their "ObjNAbsTol"/"ObjNRelTol" of the value reached;
  *  "ObjVal" is then the value of objective 0, "ObjNVal" that of each
  *  objective, and "DualSoln", "RC", "DualObjVal" and the gaps are those of
- *  the last pass.  Quadratic terms (objective or rows), PSD variables and
- *  indicator constraints have no engine yet: KLO_ERROR_NOT_SUPPORTED, with
- *  the feature named by KLOgeterrormsg.  Semi-continuous and semi-integer
+ *  the last pass.  PSD variables and indicator constraints have no engine
+ *  yet: KLO_ERROR_NOT_SUPPORTED, with the feature named by KLOgeterrormsg.
+ *  Semi-continuous and semi-integer
  *  variables are solved by Cbc through a binary switch each, with an
  *  infinite bound taken as "MIP/LinearizationBigM"; the switches are not
  *  seen in results or callbacks.  KLOcomputeIIS and KLOfeasrelax still
@@ -657,13 +657,16 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  "MaxIntViolation", "MaxSOSViolation", and for continuous models
  *  "MaxDualViolation" and "ComplViolation".  A row's violation is divided
  *  by the largest of 1, the bound and the row's largest term |a_ij x_j|.
- *  A variable or row within the primal tolerance of a bound is at that
- *  bound, and its dual in the minimisation sense must be >= 0 at a lower
- *  bound, <= 0 at an upper one, 0 strictly between them (any sign when
- *  fixed).  Row duals are first cut to the sign their row allows; each
- *  reduced cost d_j = c_j - sum_i y_i a_ij is then recomputed from them, and
- *  one of the wrong sign counts divided by max(1, |c_j|, the largest
- *  |y_i a_ij|).  "Optimal" needs the primal and SOS figures within 10 times
+ *  A dual in the minimisation sense pairs with the bound its sign points
+ *  to (>= 0 the lower bound, <= 0 the upper one).  Row duals are first cut
+ *  to the signs their row's finite bounds allow; each reduced cost d_j =
+ *  g_j - sum_i y_i (gradient of row i)_j, g the objective's gradient, is
+ *  then recomputed from them, and one that points at an infinite bound
+ *  counts ("MaxDualViolation") divided by max(1, |g_j|, the largest
+ *  |y_i a_ij|).  Each dual times the distance of its variable or row from
+ *  the bound it pairs with adds to the duality gap, whose ratio to
+ *  max(1, |objective|) is "ComplViolation": an interior point's answer is
+ *  judged as a vertex's is.  "Optimal" needs the primal and SOS figures within 10 times
  *  "SPX/PrimalTolerance", the integrality figure within 10 times
  *  "MIP/IntegerTolerance" and the dual figures within 10 times
  *  "SPX/DualTolerance" (the engines apply their tolerances to scaled

@@ -7,7 +7,7 @@
 // This folder holds the seam (problem.h, capabilities.h, settings.h,
 // result.h, this file) and what every adapter may use (problem_eval.h,
 // log.h, lp_duals.h); coin/ what the COIN-OR adapters share; one folder per
-// engine (clp/, cbc/), with the engine's quirks at the top of its main file.
+// engine (clp/, cbc/, ipopt/, bonmin/; nlp/ what the last two share), with the engine's quirks at the top of its main file.
 #pragma once
 
 #include <memory>
@@ -61,6 +61,7 @@ struct EngineEntry {
 // The adapters' declarations (each in its own folder).
 EngineEntry clpEntry();
 EngineEntry cbcEntry();
+EngineEntry ipoptEntry();
 
 // Every engine of the library, in order of preference: the first that
 // takes a problem solves it.

@@ -11,29 +11,23 @@ namespace {
 
 using engine::Problem;
 
-// Where a value stands against its bounds, for the sign its dual must
-// have: within tol times the larger of scale and the bound's size of it.
-struct Position {
-  bool atLower, atUpper;
-};
-
-Position positionOf(double v, double lo, double up, double tol, double scale) {
-  auto near = [&](double b) { return std::fabs(v - b) <= tol * std::max(scale, std::fabs(b)); };
-  return Position{lo > -KLO_INFINITY && near(lo), up < KLO_INFINITY && near(up)};
+// A dual (minimisation view) pairs with the bound its sign points to: >= 0
+// with the lower bound, <= 0 with the upper.  What points at an infinite
+// bound cannot pair: that is dual infeasibility.
+double unpaired(double dual, double lo, double up) {
+  if (dual > 0 && lo <= -KLO_INFINITY) return dual;
+  if (dual < 0 && up >= KLO_INFINITY) return -dual;
+  return 0.0;
 }
 
-// A dual (minimisation view) of the wrong sign for the position: >= 0 at a
-// lower bound, <= 0 at an upper one, 0 between them, anything when fixed.
-double wrongSign(double dual, Position at) {
-  if (at.atLower && at.atUpper) return 0.0;
-  if (at.atLower) return std::max(0.0, -dual);
-  if (at.atUpper) return std::max(0.0, dual);
-  return std::fabs(dual);
-}
-
-// The part of a dual with the right sign for the position.
-double rightSign(double dual, Position at) {
-  return dual > 0 ? dual - wrongSign(dual, at) : dual + wrongSign(dual, at);
+// Adds scale times the gradient of the terms at x to g.
+void addQuadGradient(const engine::QuadTerms& q, const std::vector<double>& x, double scale,
+                     std::vector<double>& g) {
+  if (scale == 0) return;
+  for (int t = 0; t < q.size(); ++t) {
+    g[q.row[t]] += scale * q.val[t] * x[q.col[t]];
+    g[q.col[t]] += scale * q.val[t] * x[q.row[t]];
+  }
 }
 
 // A dual times the distance from the bound its sign pairs with, on either
@@ -48,36 +42,35 @@ double slackProduct(double dual, double v, double lo, double up) {
 // The objective's gradient at x: c plus the quadratic terms' derivatives.
 std::vector<double> gradient(const Problem& p, const std::vector<double>& x) {
   std::vector<double> g = p.obj;
-  const engine::QuadTerms& q = p.objQuad;
-  for (int t = 0; t < q.size(); ++t) {
-    g[q.row[t]] += q.val[t] * x[q.col[t]];
-    g[q.col[t]] += q.val[t] * x[q.row[t]];
-  }
+  addQuadGradient(p.objQuad, x, 1.0, g);
   return g;
 }
 
-// Row duals are first cut to the sign their row's position allows (what
-// is cut shows in the reduced costs of the row's columns, relative to
-// their size); reduced costs are then recomputed from them, so that stale
-// ones from the engine count for nothing.
-void measureDuals(const Problem& p, const engine::Result& r, const std::vector<double>& rowTerms,
-                  Violations& v, double tol) {
+// Row duals are first cut to the sign their row's bounds allow (what is
+// cut shows in the reduced costs of the row's columns, relative to their
+// size); reduced costs d = gradient - sum_i y_i grad(row i) are then
+// recomputed from them, so that stale ones from the engine count for
+// nothing.  Each dual pairs with the bound its sign points to, and the
+// products with the distances from those bounds add up to the duality gap:
+// the complementarity figure, relative to the objective.  An interior
+// point's answer passes as a vertex's does, its distances being small
+// where its duals are not.
+void measureDuals(const Problem& p, const engine::Result& r, Violations& v) {
   std::vector<double> y(p.numRows());
   double gap = 0.0;
   for (int i = 0; i < p.numRows(); ++i) {
-    const Position at =
-        positionOf(r.activities[i], p.rowLower[i], p.rowUpper[i], tol, std::max(1.0, rowTerms[i]));
-    y[i] = p.sense * rightSign(p.sense * r.duals[i], at);
+    const double dual = p.sense * r.duals[i];
+    y[i] = p.sense * (dual - (dual > 0 ? 1 : -1) * unpaired(dual, p.rowLower[i], p.rowUpper[i]));
     gap += slackProduct(p.sense * y[i], r.activities[i], p.rowLower[i], p.rowUpper[i]);
   }
   std::vector<double> largest;
-  const std::vector<double> aty = engine::transposeTimes(p, y, &largest);
+  std::vector<double> aty = engine::transposeTimes(p, y, &largest);
+  for (const engine::QuadRow& q : p.quadRows) addQuadGradient(q.terms, r.x, y[q.row], aty);
   const std::vector<double> g = gradient(p, r.x);
   for (int j = 0; j < p.numCols(); ++j) {
     const double d = p.sense * (g[j] - aty[j]);
     const double scale = std::max({1.0, std::fabs(g[j]), largest[j]});
-    const Position at = positionOf(r.x[j], p.colLower[j], p.colUpper[j], tol, 1.0);
-    v.dual = std::max(v.dual, wrongSign(d, at) / scale);
+    v.dual = std::max(v.dual, unpaired(d, p.colLower[j], p.colUpper[j]) / scale);
     gap += slackProduct(d, r.x[j], p.colLower[j], p.colUpper[j]);
   }
   v.complementarity = gap / std::max(1.0, std::fabs(r.objective));
@@ -86,17 +79,16 @@ void measureDuals(const Problem& p, const engine::Result& r, const std::vector<d
 
 }  // namespace
 
-void measureAnswer(const Problem& p, engine::Result& r, const engine::Settings& s) {
+void measureAnswer(const Problem& p, engine::Result& r) {
   r.violations = Violations{};
   if (!r.hasSolution) return;
   const engine::PsdValues* psd = r.psdX.empty() ? nullptr : &r.psdX;
   std::vector<double> rowTerms;
   r.violations = engine::primalViolations(p, r.x.data(), psd, &r.activities, &rowTerms);
-  // Duals of quadratic rows and PSD blocks enter the Lagrangian in ways
-  // this check does not model yet.
-  const bool dualsApply = !p.isMip() && p.quadRows.empty() && p.psdVars.empty();
+  // PSD blocks enter the Lagrangian in ways this check does not model yet.
+  const bool dualsApply = !p.isMip() && p.psdVars.empty();
   if (dualsApply && r.duals.size() == static_cast<size_t>(p.numRows()))
-    measureDuals(p, r, rowTerms, r.violations, kCheckSlack * s.primalTolerance);
+    measureDuals(p, r, r.violations);
 }
 
 bool passesCheck(const engine::Result& r, const engine::Settings& s) {

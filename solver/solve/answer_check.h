@@ -15,10 +15,9 @@ namespace klo {
 constexpr double kCheckSlack = 10.0;
 
 // Fills r.violations from r.x (and, for a continuous problem with duals,
-// from r.duals), and r.activities.  A value or activity counts as at its
-// bound within the primal tolerance of s (times kCheckSlack).  Nothing to
-// measure without a solution.
-void measureAnswer(const engine::Problem& p, engine::Result& r, const engine::Settings& s);
+// from r.duals: the duals that point at an infinite bound, and the duality
+// gap), and r.activities.  Nothing to measure without a solution.
+void measureAnswer(const engine::Problem& p, engine::Result& r);
 
 // Whether r's figures are within the tolerances of s: primal figures and
 // SOS within "SPX/PrimalTolerance", integrality within

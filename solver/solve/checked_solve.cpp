@@ -81,7 +81,7 @@ class CleanUp {
     s.primalTolerance *= kTighter;
     s.dualTolerance *= kTighter;
     engine::Result r = e_.solve(warm, s, cb_);
-    measureAnswer(p_, r, s_);
+    measureAnswer(p_, r);
     return r;
   }
 
@@ -108,7 +108,7 @@ class Fallback {
       if (s_.timeLeft() <= 0) break;
       engine::logLine(s_, std::string("Trying ") + entry->name + describe(settings));
       engine::Result next = entry->make()->solve(p_, settings);
-      measureAnswer(p_, next, s_);
+      measureAnswer(p_, next);
       engine::addWork(work, next);
       const bool passed = next.status == KLO_STATUS_OPTIMAL && passesCheck(next, s_);
       if (passed ||
@@ -193,7 +193,7 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
   if (!q) return infeasibleSos(s);
   std::unique_ptr<engine::Engine> e = entry.make();
   engine::Result r = e->solve(*q, s, cb);
-  measureAnswer(p, r, s);
+  measureAnswer(p, r);
   const bool failed = r.status == KLO_STATUS_OPTIMAL && !passesCheck(r, s);
   const bool quadratic = p.objQuad.size() > 0 || !p.quadRows.empty();
   if (failed || (quadratic && r.status == KLO_STATUS_NUMERICAL)) {

@@ -13,6 +13,10 @@ using LpStatus = EngineTest;
 // Limits, callbacks and the methods of simplex and interior-point engines.
 using SimplexLimits = LpStatus;
 using BarrierLimits = LpStatus;
+using BarrierCrossover = LpStatus;
+
+// Interior-point engines that give a basis (by crossing over to one).
+bool barrierWithBasis(const EngineEntry& e) { return barrier(e) && givesBasis(e); }
 
 // x + y <= 1 and x + y >= 3 with x, y >= 0.  Farkas: adding r1 - r0 gives
 // 0 >= 2, so y = (-k, k) for some k > 0: r1 pairs with its lower bound
@@ -109,6 +113,14 @@ TEST_P(BarrierLimits, CountsItsIterations) {
   ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
   EXPECT_GT(r.barrierIterations, 0);
   EXPECT_NEAR(r.objective, -464.7531429, 1e-5);
+}
+
+TEST_P(BarrierCrossover, EndsWithABasis) {
+  Problem p = readInstance("afiro");
+  Settings s = quietSettings();
+  s.method = LpMethod::Barrier;
+  Result r = solve(p, s, {});
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
   EXPECT_EQ(r.colBasis.size(), static_cast<size_t>(p.numCols()));  // crossover gives a basis
 }
 
@@ -183,6 +195,7 @@ TEST_P(LpStatus, ProblemsWithoutRowsOrColumns) {
 KLO_ENGINE_SUITE(LpStatus, anyEngine);
 KLO_ENGINE_SUITE(SimplexLimits, simplex);
 KLO_ENGINE_SUITE(BarrierLimits, barrier);
+KLO_ENGINE_SUITE(BarrierCrossover, barrierWithBasis);
 
 }  // namespace
 }  // namespace klo::engine::test

@@ -34,6 +34,22 @@ class ProblemBuilder {
     p_.rowUpper.push_back(upper);
     return p_.numRows() - 1;
   }
+  // Adds v * x_i * x_j to the objective (i <= j, no factor 1/2).
+  void objQuad(int i, int j, double v) {
+    p_.objQuad.row.push_back(i);
+    p_.objQuad.col.push_back(j);
+    p_.objQuad.val.push_back(v);
+  }
+  // Adds v * x_i * x_j to row r (rows with quadratic terms are added in
+  // increasing order).
+  void rowQuad(int r, int i, int j, double v) {
+    if (p_.quadRows.empty() || p_.quadRows.back().row != r)
+      p_.quadRows.push_back(QuadRow{r, {}, ""});
+    QuadTerms& t = p_.quadRows.back().terms;
+    t.row.push_back(i);
+    t.col.push_back(j);
+    t.val.push_back(v);
+  }
   void sos(int type, const std::vector<int>& members, const std::vector<double>& weights) {
     p_.sos.push_back(SosSet{type, members, weights});
   }

@@ -180,18 +180,6 @@ TEST_F(SolveLp, UnsupportedFeaturesAreRefusedAndLoseNothing) {
     void (*add)(KLOmodel*);
   };
   const Case cases[] = {
-      {"quadratic objective",
-       [](KLOmodel* m) {
-         const int r[] = {0}, c[] = {0};
-         const double v[] = {1};
-         ASSERT_EQ(KLOaddqpterms(m, 1, r, c, v), KLO_OK);
-       }},
-      {"quadratic constraints",
-       [](KLOmodel* m) {
-         const int r[] = {0}, c[] = {1};
-         const double v[] = {1};
-         ASSERT_EQ(KLOaddqconstr(m, 0, nullptr, nullptr, 1, r, c, v, '<', 4, "q"), KLO_OK);
-       }},
       {"PSD variables", [](KLOmodel* m) { ASSERT_EQ(KLOaddpsdvar(m, 2, "P"), KLO_OK); }},
       {"indicator constraints",
        [](KLOmodel* m) {

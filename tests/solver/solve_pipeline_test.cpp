@@ -70,7 +70,7 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
        [](Problem& p) {
          p.quadRows.push_back({0, {{0}, {0}, {-1.0}}, ""});  // concave in a >= row
        },
-       ModelClass::QCQP, "has quadratic constraints"},
+       ModelClass::QCQP, "Ipopt"},
       {"MIQP",
        [](Problem& p) {
          p.colType[0] = 'B';
@@ -158,11 +158,22 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
          p.start = {0, 1};
        },
        &Violations::row, 0.25},
-      // Costing x1 0.5 makes its reduced cost 0.5 - 1 < 0 at its lower bound.
-      {"reduced cost sign", [](Problem& p, Result&) { p.obj[1] = 0.5; }, &Violations::dual, 0.5},
-      // A >= row at its bound with a negative dual: cut to 0, it leaves x0's
-      // reduced cost 1 although x0 is between its bounds.
-      {"row dual sign", [](Problem&, Result& r) { r.duals = {-1}; }, &Violations::dual, 1.0},
+      // Costing x1 0.5 makes its reduced cost 0.5 - 1 < 0, pointing at an
+      // upper bound it does not have.
+      {"reduced cost sign",
+       [](Problem& p, Result&) {
+         p.obj[1] = 0.5;
+         p.colUpper[1] = KLO_INFINITY;
+       },
+       &Violations::dual, 0.5},
+      // With an upper bound of 4 that reduced cost pairs with it, 4 away:
+      // a duality gap of 0.5 * 4 over |objective| 2.
+      {"reduced cost at the far bound", [](Problem& p, Result&) { p.obj[1] = 0.5; },
+       &Violations::complementarity, 1.0},
+      // A negative dual on a >= row: cut to 0, it leaves x0's reduced cost 1,
+      // which pairs with x0's lower bound 2 away: a gap of 2 over 2.
+      {"row dual sign", [](Problem&, Result& r) { r.duals = {-1}; }, &Violations::complementarity,
+       1.0},
       // At x = (3, 0) the row is slack, so its dual must be 0; then x0's
       // reduced cost 1 times its distance 3 from its bound is a duality gap
       // of 3, over |objective| 3.
@@ -202,7 +213,7 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
     r.duals = {1};
     r.objective = 2;
     c.spoil(p, r);
-    klo::measureAnswer(p, r, klo::engine::Settings{});
+    klo::measureAnswer(p, r);
     EXPECT_NEAR(r.violations.*c.figure, c.expected, 1e-12);
   }
 }
@@ -212,16 +223,16 @@ TEST(AnswerCheck, DualFiguresOnlyForContinuousAnswersWithDuals) {
   Result r;
   r.hasSolution = true;
   r.x = {2, 0};
-  klo::measureAnswer(p, r, klo::engine::Settings{});
+  klo::measureAnswer(p, r);
   EXPECT_FALSE(r.violations.dualChecked) << "no duals";
   r.duals = {1};
   p.colType[1] = 'I';
-  klo::measureAnswer(p, r, klo::engine::Settings{});
+  klo::measureAnswer(p, r);
   EXPECT_FALSE(r.violations.dualChecked) << "integer";
   klo::engine::Settings s;
   EXPECT_TRUE(klo::passesCheck(r, s));
   r.x = {2, 1e-4};  // beyond the integrality tolerance, even with the slack
-  klo::measureAnswer(p, r, klo::engine::Settings{});
+  klo::measureAnswer(p, r);
   EXPECT_FALSE(klo::passesCheck(r, s));
 }
 
