@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <ostream>
@@ -30,10 +31,13 @@ inline std::string instancesDir() {
 
 inline std::string instancePath(const Instance& i) { return instancesDir() + "/" + i.file; }
 
-// The instances of one kind ("LP", "MIP"), or all of them ("").
-inline std::vector<Instance> readIndex(const std::string& kind = "") {
+// The instances of one kind ("LP", "MIP"), or all of them (""), listed by
+// the index.csv of folder (a subfolder such as "qp", or the top one).
+inline std::vector<Instance> readIndex(const std::string& kind = "",
+                                       const std::string& folder = "") {
+  const std::string prefix = folder.empty() ? "" : folder + "/";
   std::vector<Instance> out;
-  std::ifstream in(instancesDir() + "/index.csv");
+  std::ifstream in(instancesDir() + "/" + prefix + "index.csv");
   std::string line;
   std::getline(in, line);  // header
   while (std::getline(in, line)) {
@@ -41,15 +45,19 @@ inline std::vector<Instance> readIndex(const std::string& kind = "") {
     std::vector<std::string> f;
     for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
     if (f.size() != 7 || (!kind.empty() && f[1] != kind)) continue;
-    out.push_back(
-        {f[0], f[1], f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]), std::stod(f[6])});
+    out.push_back({f[0], f[1], prefix + f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]),
+                   std::stod(f[6])});
   }
   return out;
 }
 
-// Test names and printed parameters show the instance's name.
+// Test names and printed parameters show the instance's name (with '_'
+// for what a test name cannot hold, such as the '-' of "cont-050").
 inline std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
-  return info.param.name;
+  std::string name = info.param.name;
+  for (char& c : name)
+    if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+  return name;
 }
 inline void PrintTo(const Instance& i, std::ostream* os) { *os << i.name; }
 
