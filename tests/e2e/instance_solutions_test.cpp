@@ -41,7 +41,7 @@ class E2eInstances : public ::testing::TestWithParam<KnownInstance> {
     try {
       model->optimize();
     } catch (const KLOException& e) {
-      FAIL() << "optimize: " << e.getErrorCode() << " " << e.getMessage();
+      FAIL() << "optimize: " << e.getErrorCode() << " " << model->getEnv().getErrorMsg();
     }
   }
 

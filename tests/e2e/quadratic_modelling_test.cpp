@@ -35,7 +35,7 @@ class QuadraticModelling : public ::testing::Test {
     try {
       model->optimize();
     } catch (const KLOException& e) {
-      FAIL() << "optimize: " << e.getErrorCode() << " " << e.getMessage();
+      FAIL() << "optimize: " << e.getErrorCode() << " " << model->getEnv().getErrorMsg();
     }
     ASSERT_EQ(model->get(KLO_IntAttr_Status), 1) << "not solved to optimality";
   }
