@@ -569,11 +569,12 @@ int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, 
  *  without end. */
 #define KLO_MAX_LINE_LENGTH (64 * 1024 * 1024)
 
-/** Reads a model file (".mps", ".lp", optionally ".gz" compressed) into a
- *  new model.  Every file the library reads (models, parameters, starts,
- *  bases, solutions) must be a file or a pipe: a directory or a device
- *  gives KLO_ERROR_FILE_OPEN.  A compressed file whose data or trailer
- *  (checksum, length) is damaged or cut short gives KLO_ERROR_FILE_READ,
+/** Reads a model file (".mps", ".qps" (an MPS file), ".lp", optionally
+ *  ".gz" compressed) into a new model.  Every file the library reads
+ *  (models, parameters, starts, bases, solutions) must be a file or a
+ *  pipe: a directory or a device gives KLO_ERROR_FILE_OPEN.  A
+ *  compressed file whose data or trailer (checksum, length) is damaged or
+ *  cut short gives KLO_ERROR_FILE_READ,
  *  and so does a line longer than KLO_MAX_LINE_LENGTH.  MPS files may be
  *  fixed or free format (names of any length, with blanks only in fixed
  *  format), with NAME, OBJSENSE, ROWS, COLUMNS with integer markers, RHS,
@@ -599,13 +600,13 @@ KLOmodel* KLOcopymodel(KLOmodel* model);
 int KLOfreemodel(KLOmodel* model);
 
 /** Reads a file into an existing model, by its extension: ".prm"
- *  parameters, ".mst" start values, ".bas" basis, ".mps"/".lp" (optionally
- *  ".gz") replaces the model's contents. */
+ *  parameters, ".mst" start values, ".bas" basis, ".mps"/".qps"/".lp"
+ *  (optionally ".gz") replaces the model's contents. */
 int KLOread(KLOmodel* model, const char* filename);
 
-/** Writes a file, by its extension: ".mps", ".lp" (optionally ".gz") the
- *  model, ".prm" parameters, ".mst" start values, ".sol" the solution,
- *  ".bas" the basis (MPS basis format).  Reading a model file back gives the
+/** Writes a file, by its extension: ".mps", ".qps" (MPS), ".lp" (optionally
+ *  ".gz") the model, ".prm" parameters, ".mst" start values, ".sol" the
+ *  solution, ".bas" the basis (MPS basis format).  Reading a model file back gives the
  *  same model.  Names that a format cannot hold (empty, repeated, with
  *  blanks or operator characters, or read as numbers or keywords in LP
  *  files) are replaced by generated ones: "C<j>" for variables, "R<i>" for

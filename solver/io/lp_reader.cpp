@@ -262,6 +262,7 @@ class LpReader {
   void objective() {
     if (objectiveRead_) bad("expected an operator between the objective's terms");
     objectiveRead_ = true;
+    objectiveLine_ = peek().line;
     optionalLabel();
     Expr e = expr();
     objInd_.insert(objInd_.end(), e.ind.begin(), e.ind.end());
@@ -426,11 +427,15 @@ class LpReader {
   // checks (a failure names the statement's line).
   ModelData finish() {
     int n = d_.numVars();
-    SparseVec obj = makeSparse(static_cast<int>(objInd_.size()), objInd_.data(), objVal_.data(), n);
-    for (int k = 0; k < obj.size(); ++k) d_.objectives[0].coef[obj.ind[k]] = obj.val[k];
-    d_.objectives[0].constant = objConst_;
-    d_.qobj =
-        makeQuad(static_cast<int>(objQv_.size()), objQr_.data(), objQc_.data(), objQv_.data(), n);
+    atLine(objectiveLine_, [&] {
+      SparseVec obj =
+          makeSparse(static_cast<int>(objInd_.size()), objInd_.data(), objVal_.data(), n);
+      for (int k = 0; k < obj.size(); ++k) d_.objectives[0].coef[obj.ind[k]] = obj.val[k];
+      d_.qobj =
+          makeQuad(static_cast<int>(objQv_.size()), objQr_.data(), objQc_.data(), objQv_.data(), n);
+      checkCoef(objConst_, "The objective's constant");
+      d_.objectives[0].constant = objConst_;
+    });
     for (int j = 0; j < n; ++j) {
       d_.lb[j] = clipBound(d_.type[j], false, d_.lb[j]);
       d_.ub[j] = clipBound(d_.type[j], true, d_.ub[j]);
@@ -504,6 +509,7 @@ class LpReader {
   std::vector<double> objVal_, objQv_;
   double objConst_ = 0;
   bool objectiveRead_ = false;
+  int objectiveLine_ = 0;
   std::vector<PendingRow> rows_;
   std::vector<PendingIndicator> indicators_;
   std::vector<PendingSos> sets_;

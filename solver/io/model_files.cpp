@@ -11,6 +11,7 @@ namespace klo {
 FileKind fileKind(const std::string& path) {
   std::string p = endsWith(path, ".gz") ? path.substr(0, path.size() - 3) : path;
   bool gz = p.size() != path.size();
+  // ".qps" is what MPS files with quadratic sections are often called.
   if (endsWith(p, ".mps") || endsWith(p, ".qps")) return FileKind::Mps;
   if (endsWith(p, ".lp")) return FileKind::Lp;
   if (!gz) {
@@ -21,14 +22,15 @@ FileKind fileKind(const std::string& path) {
   }
   fail(KLO_ERROR_FILE_FORMAT,
        "Unknown file format of \"" + path +
-           "\" (expected .mps, .lp, optionally .gz, or .prm, .mst, .sol, .bas)");
+           "\" (expected .mps, .qps, .lp, optionally .gz, or .prm, .mst, .sol, .bas)");
 }
 
 ModelData readModelFile(const std::string& path) {
   switch (fileKind(path)) {
     case FileKind::Mps: return readMps(path);
     case FileKind::Lp: return readLp(path);
-    default: fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
+    default:
+      fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps, .qps or .lp)");
   }
 }
 
@@ -36,7 +38,8 @@ void writeModelFile(const std::string& path, const ModelData& d) {
   switch (fileKind(path)) {
     case FileKind::Mps: return writeMps(path, d);
     case FileKind::Lp: return writeLp(path, d);
-    default: fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps or .lp)");
+    default:
+      fail(KLO_ERROR_FILE_FORMAT, "\"" + path + "\" is not a model file (.mps, .qps or .lp)");
   }
 }
 

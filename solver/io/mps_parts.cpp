@@ -88,7 +88,7 @@ ModelData MpsParts::build(const std::string& path) {
   d.objectives[0].constant = 0.0 - objectiveRhs;  // no -0 for an absent constant
   buildColumns(d);
   buildRows(d);
-  buildQuads(d);
+  buildQuads(d, path);
   buildSets(d, path);
   return d;
 }
@@ -129,10 +129,17 @@ void MpsParts::buildRows(ModelData& d) {
   }
 }
 
-void MpsParts::buildQuads(ModelData& d) {
+// Through the store's checks too: two entries of one term may sum past the
+// largest double.
+void MpsParts::buildQuads(ModelData& d, const std::string& path) {
   for (const MpsQuad& q : quads) {
-    QuadTerms terms =
-        makeQuad(static_cast<int>(q.v.size()), q.r.data(), q.c.data(), q.v.data(), d.numVars());
+    QuadTerms terms;
+    try {
+      terms =
+          makeQuad(static_cast<int>(q.v.size()), q.r.data(), q.c.data(), q.v.data(), d.numVars());
+    } catch (const Error& e) {
+      failAt(path, q.line, e.message);
+    }
     if (q.row == kObjective)
       d.qobj = std::move(terms);
     else if (terms.size() > 0)

@@ -39,6 +39,7 @@ struct MpsEntry {
 // Quadratic terms of the objective (row -1) or of a row, as the store
 // keeps them: each term once, no factor 1/2.
 struct MpsQuad {
+  int line = 0;  // of the section's header
   int row = -1;
   std::vector<int> r, c;
   std::vector<double> v;
@@ -84,7 +85,7 @@ struct MpsParts {
  private:
   void buildColumns(ModelData& d);
   void buildRows(ModelData& d);
-  void buildQuads(ModelData& d);
+  void buildQuads(ModelData& d, const std::string& path);
   void buildSets(ModelData& d, const std::string& path);
 
   NameIndex rowIndex_, columnIndex_;

@@ -354,6 +354,7 @@ void MpsReader::quadHeader(std::string_view key, std::string_view rest) {
   quad_ = static_cast<int>(parts_.quads.size());
   parts_.quads.emplace_back();
   parts_.quads.back().row = r;
+  parts_.quads.back().line = line_->number;
 }
 
 void MpsReader::quadEntry() {

@@ -28,7 +28,8 @@ void checkVarIndex(int j, int count, Kind kind = Kind::Var) {
                                      ")");
 }
 
-// Sorts (key, value) pairs by key, sums equal keys and drops zeros.
+// Sorts (key, value) pairs by key, sums equal keys and drops zeros.  Finite
+// entries can sum past the largest double: such a sum is refused too.
 template <class K>
 void normalise(std::vector<std::pair<K, double>>& e) {
   std::stable_sort(e.begin(), e.end(),
@@ -38,6 +39,7 @@ void normalise(std::vector<std::pair<K, double>>& e) {
     K key = e[i].first;
     double sum = 0.0;
     for (; i < e.size() && e[i].first == key; ++i) sum += e[i].second;
+    checkCoef(sum, "The sum of one term's coefficients");
     if (sum != 0.0) e[out++] = {key, sum};
   }
   e.resize(out);

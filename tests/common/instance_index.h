@@ -31,12 +31,12 @@ inline std::string instancesDir() {
 
 inline std::string instancePath(const Instance& i) { return instancesDir() + "/" + i.file; }
 
-// The instances of one kind ("LP", "MIP", "QP"), or all of them (""), of
-// the index in `folder` ("" for the top one, "qp" for the convex QPs).
+// The instances of one kind ("LP", "MIP"), or all of them (""), listed by
+// the index.csv of folder (a subfolder such as "qp", or the top one).
 inline std::vector<Instance> readIndex(const std::string& kind = "",
                                        const std::string& folder = "") {
-  std::vector<Instance> out;
   const std::string prefix = folder.empty() ? "" : folder + "/";
+  std::vector<Instance> out;
   std::ifstream in(instancesDir() + "/" + prefix + "index.csv");
   std::string line;
   std::getline(in, line);  // header
@@ -51,9 +51,10 @@ inline std::vector<Instance> readIndex(const std::string& kind = "",
   return out;
 }
 
-// Test names and printed parameters show the instance's name.
+// Test names and printed parameters show the instance's name (with '_'
+// for what a test name cannot hold, such as the '-' of "cont-050").
 inline std::string instanceName(const ::testing::TestParamInfo<Instance>& info) {
-  std::string name = info.param.name;  // test names take letters, digits and _
+  std::string name = info.param.name;
   for (char& c : name)
     if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
   return name;

@@ -1,5 +1,6 @@
-// Every shared instance read through the object layer and solved by the
-// solver library: the objective agrees with index.csv, and the solution,
+// Every shared instance, and every convex QP of qp/, read through the
+// object layer and solved by the solver library: the objective agrees with
+// index.csv (the quadratic one evaluated at the solution), and the solution,
 // read through the variable handles, satisfies every bound, every
 // integrality requirement and every row.  The rows are read back through
 // getRow and their bounds through "LHS"/"RHS", so the check depends on the
@@ -37,11 +38,15 @@ class E2eInstances : public ::testing::TestWithParam<KnownInstance> {
     env.set(KLO_IntParam_OutputFlag, 0);
     env.start();
     model = std::make_unique<KLOModel>(env, instancePath(GetParam()));
-    model->optimize();
+    try {
+      model->optimize();
+    } catch (const KLOException& e) {
+      FAIL() << "optimize: " << e.getErrorCode() << " " << model->getEnv().getErrorMsg();
+    }
   }
 
-  // The objective against index.csv: LPs to 1e-6 relative, MIPs within the
-  // gap the search was allowed to stop at.
+  // The objective against index.csv: LPs and QPs to 1e-6 relative, MIPs
+  // within the gap the search was allowed to stop at.
   void expectKnownObjective() const {
     const KnownInstance& known = GetParam();
     ASSERT_EQ(model->get(KLO_IntAttr_Status), 1) << "not solved to optimality";
@@ -120,6 +125,8 @@ TEST_P(E2eInstances, SolvesToTheKnownObjectiveWithAFeasibleSolution) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Shared, E2eInstances, ::testing::ValuesIn(readIndex()),
+                         klotest::instanceName);
+INSTANTIATE_TEST_SUITE_P(Qp, E2eInstances, ::testing::ValuesIn(readIndex("QP", "qp")),
                          klotest::instanceName);
 
 // The index itself: a missing or unreadable index.csv would otherwise

@@ -20,6 +20,9 @@ const int kBadVar[] = {0, 3};
 const double kVal2[] = {1, 2};
 const double kNaN2[] = {1, NAN};
 const double kInf2[] = {1, INFINITY};
+const double kHuge2[] = {1e308, 1e308};
+const int kSwapped2[] = {1, 0};
+const int kSame2[] = {1, 1};
 const int kBeg1[] = {0};
 const char kLess[] = {'<'};
 const double kRhs1[] = {1};
@@ -115,6 +118,23 @@ const std::vector<BadCall> kCases = {
      [](KLOmodel* m) {
        return KLOaddqconstr(m, 0, nullptr, nullptr, 2, kInd2, kInd2, kNaN2, '<', 1, "bad");
      }},
+    {"infinite quadratic coefficient", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) {
+       return KLOaddqconstr(m, 2, kInd2, kVal2, 2, kInd2, kInd2, kInf2, '<', 1, "bad");
+     }},
+    {"quadratic term of a missing variable", KLO_ERROR_INVALID_VAR,
+     [](KLOmodel* m) {
+       return KLOaddqconstr(m, 2, kInd2, kVal2, 2, kInd2, kBadVar, kVal2, '<', 1, "bad");
+     }},
+    {"NaN quadratic objective coefficient", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOaddqpterms(m, 2, kInd2, kInd2, kNaN2); }},
+    {"infinite quadratic objective coefficient", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOaddqpterms(m, 2, kInd2, kInd2, kInf2); }},
+    // finite coefficients of one term whose sum is not
+    {"x0 x1 and x1 x0 summing past the largest double", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOaddqpterms(m, 2, kInd2, kSwapped2, kHuge2); }},
+    {"a repeated entry summing past the largest double", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) { return KLOaddrangeconstr(m, 2, kSame2, kHuge2, 0, 1, "bad"); }},
     {"NaN PSD objective entry", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOsetmatattrelement(m, "PsdObj", 0, 2, 2, 2, kInd2, kNaN2); }},
     // unknown letters

@@ -33,6 +33,10 @@ const BadFile kBadFiles[] = {
     {".mps", "NAME t\nROWS\n N obj\n L c1\n L c1\nCOLUMNS\n    x obj 1 c1 2\nENDATA\n", ""},
     {".mps", "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x obj 1\n    y c1 1\n    x c1 2\nENDATA\n",
      ""},
+    // ".qps" files are MPS files: an unknown row in QCMATRIX, a NaN term
+    {".qps", "NAME t\nROWS\n N obj\n L c1\nCOLUMNS\n    x c1 1\nQCMATRIX c2\n    x x 1\nENDATA\n",
+     ":7"},
+    {".qps", "NAME t\nROWS\n N obj\nCOLUMNS\n    x obj 1\nQUADOBJ\n    x x NaN\nENDATA\n", ":7"},
     // LP
     {".lp", "Minimize\n obj: x + y\nSubject To\n c1: x + y => >= 1\nEnd\n", ":4"},
     {".lp", "Minimize\n obj: x +\nSubject To\n c1: x >= 1\nEnd\n", ":3"},
@@ -46,6 +50,18 @@ const BadFile kBadFiles[] = {
     {".lp", "Minimize\n obj: x\nSOS\n s: S1 :: x:1 x:2\nEnd\n", ":4"},
     {".lp", "Minimize\n obj: x\nSubject To\n c: 1 <= x >= 2\nEnd\n", ":4"},
     {".lp", "Minimize\n obj: x + nan y\nSubject To\n c: x >= 1\nEnd\n", ":2"},
+    {".lp", "Minimize\n obj: x + [ nan x ^ 2 ] / 2\nEnd\n", ":2"},
+    {".lp", "Minimize\n obj: x\nSubject To\n c: [ x * y + inf y ^ 2 ] <= 1\nEnd\n", ":4"},
+    {".lp", "Minimize\n obj: x\nSubject To\n c: [ x * y ] + 1e400 x <= 1\nEnd\n", ":4"},
+    // finite numbers whose sums or quotients are not
+    {".lp", "Minimize\n obj: x\n + [ 1e300 x ^ 2 ] / 1e-300\nEnd\n", ":2"},
+    {".lp", "Minimize\n obj: 1e308 x + 1e308 x\nEnd\n", ":2"},
+    {".lp", "Minimize\n obj: x + 1e308 + 1e308\nEnd\n", ":2"},
+    {".lp", "Minimize\n obj: x\nSubject To\n c: [ 1e308 x * y + 1e308 y * x ] <= 1\nEnd\n", ":4"},
+    {".qps",
+     "NAME t\nROWS\n N obj\nCOLUMNS\n    x obj 1\n    y obj 1\nQUADOBJ\n    x y 1e308\n"
+     "    y x 1e308\nENDATA\n",
+     ":7"},
     {".lp", "\x7f\x45\x4c\x46\x02\x01", ":1"},
     {".lp", "", ""},
 };

@@ -21,10 +21,11 @@ namespace {
 const char* const kUsage =
     "usage: klo_cl [Name=value ...] model-file\n"
     "\n"
-    "Reads an MPS or LP model file (plain or .gz), solves it and prints a summary.\n"
+    "Reads an MPS (.mps, .qps) or LP model file (plain or .gz), solves it and prints a\n"
+    "summary.\n"
     "Name=value sets a parameter (names in any letter case).\n"
     "ResultFile=file writes a result after the solve, by its extension: .sol\n"
-    "(solution), .mps or .lp (model), .mst (start), .prm (parameters), .bas (basis);\n"
+    "(solution), .mps, .qps or .lp (model), .mst (start), .prm (parameters), .bas (basis);\n"
     "it may be given several times.\n";
 
 int fail(const std::string& what, const klo_cl::LibraryError& e) {
