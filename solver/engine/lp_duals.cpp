@@ -28,8 +28,14 @@ double dualObjective(const Problem& p, const Result& r) {
     double b = pairedBound(p.sense * r.reducedCosts[j], p.colLower[j], p.colUpper[j], r.x[j]);
     v += r.reducedCosts[j] * b;
   }
-  // A quadratic objective's (Wolfe) dual: the bound terms less x'Qx / 2.
-  return v - quadValue(p.objQuad, r.x.data());
+  // The Wolfe dual  f(x) - y'(g(x) - b) - d'(x - l): the bound terms plus
+  // what the quadratic parts leave of f(x) - y'g(x) - d'x (nothing for an
+  // LP, where c = A'y + d).
+  if (p.isLinear()) return v;
+  double rest = objectiveOf(p, r.x.data()) - p.objConstant;
+  for (int i = 0; i < p.numRows(); ++i) rest -= r.duals[i] * r.activities[i];
+  for (int j = 0; j < p.numCols(); ++j) rest -= r.reducedCosts[j] * r.x[j];
+  return v + rest;
 }
 
 double farkasMargin(const Problem& p, const std::vector<double>& y) {

@@ -10,8 +10,8 @@
 namespace klo::engine {
 
 // constant + sum_i y_i b_i + sum_j d_j l_j, each dual paired with the bound
-// its sign points to (the activity or value where that bound is infinite),
-// less the quadratic objective's value at x (the dual of a convex QP).
+// its sign points to (the activity or value where that bound is infinite);
+// with quadratic parts, the Wolfe dual f(x) - y'(g(x) - b) - d'(x - l).
 double dualObjective(const Problem& p, const Result& r);
 
 // How far y proves infeasibility: the least activity the combined row

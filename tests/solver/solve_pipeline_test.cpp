@@ -174,15 +174,14 @@ TEST(AnswerCheck, EachFaultShowsInItsFigure) {
       // which pairs with x0's lower bound 2 away: a gap of 2 over 2.
       {"row dual sign", [](Problem&, Result& r) { r.duals = {-1}; }, &Violations::complementarity,
        1.0},
-      // At x = (3, 0) the row is slack, so its dual must be 0; then x0's
-      // reduced cost 1 times its distance 3 from its bound is a duality gap
-      // of 3, over |objective| 3.
+      // At x = (3, 0) the row is 1 above its bound: its dual 1 times that
+      // is a duality gap of 1, over |objective| 3.
       {"complementarity",
        [](Problem&, Result& r) {
          r.x = {3, 0};
          r.objective = 3;
        },
-       &Violations::complementarity, 1.0},
+       &Violations::complementarity, 1.0 / 3},
       {"integrality",
        [](Problem& p, Result& r) {
          p.colType[0] = 'I';

@@ -319,13 +319,7 @@ class IpoptRun {
     if (out_.lambda.size() != static_cast<size_t>(m)) return;
     r_.duals = nlp_.duals(out_.lambda.data());
     r_.reducedCosts = nlp_.reducedCosts(r_.x.data(), r_.duals);
-    // The Wolfe dual  f(x) - y'(g(x) - b) - d'(x - l), each multiplier with
-    // the bound its sign points to: the LP dual objective plus what the
-    // quadratic parts leave of f(x) - y'g(x) - d'x (nothing for an LP).
-    double rest = r_.objective - p_.objConstant;
-    for (int i = 0; i < m; ++i) rest -= r_.duals[i] * r_.activities[i];
-    for (int j = 0; j < n; ++j) rest -= r_.reducedCosts[j] * r_.x[j];
-    r_.dualObjective = dualObjective(p_, r_) + rest;
+    r_.dualObjective = dualObjective(p_, r_);
   }
 
   static const char* returnText(Ipopt::ApplicationReturnStatus status) {
