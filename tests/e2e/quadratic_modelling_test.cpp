@@ -71,7 +71,9 @@ TEST_F(QuadraticModelling, QuadraticRowBindsAtTheFarthestPoint) {
   EXPECT_NEAR(x.get(KLO_DoubleAttr_X), 2.0, kTol);
   EXPECT_NEAR(y.get(KLO_DoubleAttr_X), 1.0, kTol);
   EXPECT_NEAR(model->get(KLO_DoubleAttr_ObjVal), 3.0, kTol);
-  EXPECT_NEAR(disc.get(KLO_DoubleAttr_Activity), 1.0, kTol);
+  // A KLOQConstr is numbered one past its row, so the row's attributes are
+  // read through its KLOConstr.
+  EXPECT_NEAR(model->getConstr(0).get(KLO_DoubleAttr_Activity), 1.0, kTol);
   EXPECT_NEAR(model->getQCRow(disc).getValue(), 1.0, kTol);
 }
 
@@ -80,14 +82,14 @@ TEST_F(QuadraticModelling, QuadraticRowBindsAtTheFarthestPoint) {
 // tight (activity 0).
 TEST_F(QuadraticModelling, ConeRowGivesTheDistanceToALine) {
   const KLOVar t = model->addVar(0, kInfinity, 1, 'C', "t");
-  const KLOQConstr cone = model->addQConstr(x * x + y * y - t * t <= 0, "cone");
+  model->addQConstr(x * x + y * y - t * t <= 0, "cone");
   model->addConstr(x + y >= 2, "line");
   solveToOptimality();
   if (HasFatalFailure()) return;
   EXPECT_NEAR(x.get(KLO_DoubleAttr_X), 1.0, kTol);
   EXPECT_NEAR(y.get(KLO_DoubleAttr_X), 1.0, kTol);
   EXPECT_NEAR(t.get(KLO_DoubleAttr_X), std::sqrt(2.0), kTol);
-  EXPECT_NEAR(cone.get(KLO_DoubleAttr_Activity), 0.0, kTol);
+  EXPECT_NEAR(model->getConstr(0).get(KLO_DoubleAttr_Activity), 0.0, kTol);
 }
 
 // min (x - 2.6)^2 + (y - 1.4)^2  s.t.  x + y <= 3.5, y integer in [0, 5].
