@@ -296,9 +296,11 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *   "MIP/Disconnected"    -1    [-1, 1]  solve disconnected components apart
  *   "MIP/DetectDisconnectedComponents" -1 [-1, 1] detect disconnected components
  *   "MIP/SolutionPoolSize" 10   [1, 1000] solutions kept in the pool
- *   "MIP/MaxStallingNodes" -1   [-1, 2147483647] stop after this many nodes without improvement
- * (-1: no limit) "MIP/SolutionNumber"   0    [0, 2147483647] pool solution read by "Xn"/"PoolNX"
- * and "PoolNObjVal" "MIP/Static"           0    [0, 1]   static search (no dynamic changes)
+ *   "MIP/MaxStallingNodes" -1   [-1, 2147483647] stop after this many nodes
+ *                                       without improvement (-1: no limit)
+ *   "MIP/SolutionNumber"   0    [0, 2147483647] pool solution read by "Xn",
+ *                                       "PoolNX" and "PoolNObjVal"
+ *   "MIP/Static"           0    [0, 1]   static search (no dynamic changes)
  *   "PDHG/ComputePreference" -1 [-1, 1]  first-order method preference
  *   "PDHG/Device"         -1    [-1, 1]  device of the first-order method
  *   "PDHG/MaxIterations"  2147483647 [0, 2147483647] first-order iteration limit
@@ -701,6 +703,25 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  LP solve starts from it, without presolve.  A basis set through
  *  "ColBasis"/"RowBasis" (or a ".bas" file) takes its place for the next
  *  solve.  KLOreset forgets the kept basis.
+ *
+ *  Quadratic models.  Quadratic parts must be convex (see "NonConvex" and
+ *  KLO_ERROR_NONCONVEX): a minimised objective's terms positive
+ *  semidefinite, a maximised one's negative semidefinite, a <= row's
+ *  positive and a >= row's negative semidefinite, a row with two finite
+ *  bounds linear; rows of cone form (sum of squares <= t^2, or <= t*u, with
+ *  t, u >= 0) count as convex.  Each coupled block of terms is checked by
+ *  its eigenvalues, allowing 1e-5 of the largest below 0.  A quadratic
+ *  objective over linear rows is solved by Clp's barrier (with presolve);
+ *  an answer failing the check falls back to Clp's primal QP method at
+ *  tolerances 100 times tighter, then to Ipopt, and the first that passes
+ *  is kept (each step logged).  Quadratic rows go to Ipopt (an
+ *  interior-point method; "IPM/..." parameters, "MaxTime"), whose answers
+ *  are checked in the same way, duals of quadratic rows included (the
+ *  gradient of a row's terms enters its reduced costs).  Quadratic models
+ *  give "X", "Activity", "DualSoln", "RC", "DualObjVal" (the Wolfe dual)
+ *  and "IPM/NumIters" or "SPX/NumIters"; no basis and no rays.  Models
+ *  with integer variables and quadratic parts are not solved yet
+ *  (KLO_ERROR_NOT_SUPPORTED).
  *
  *  Parameters honoured (LP: Clp; MIP: Cbc):
  *    "Method"                LP; the MIP's root relaxation uses Cbc's own choice

@@ -1,5 +1,6 @@
 #include "engine/decided.h"
 
+#include <cmath>
 #include <string>
 
 #include "engine/log.h"
@@ -39,10 +40,18 @@ bool impossible(double lower, double upper) {
   return lower >= KLO_INFINITY || upper <= -KLO_INFINITY || lower > upper;
 }
 
+// An integer or binary column whose bounds hold no integer (Cbc asserts
+// when it checks a point for it: a general integer fixed at 0.5).
+bool noInteger(const Problem& p, int j, double tol) {
+  if (p.colType[j] != 'I' && p.colType[j] != 'B') return false;
+  return std::ceil(p.colLower[j] - tol) > std::floor(p.colUpper[j] + tol);
+}
+
 // The first element whose bounds no value meets, as the log names it.
-std::string impossibleElement(const Problem& p) {
+std::string impossibleElement(const Problem& p, double integerTolerance) {
   for (int j = 0; j < p.numCols(); ++j)
-    if (impossible(p.colLower[j], p.colUpper[j])) return "column " + std::to_string(j);
+    if (impossible(p.colLower[j], p.colUpper[j]) || noInteger(p, j, integerTolerance))
+      return "column " + std::to_string(j);
   for (int i = 0; i < p.numRows(); ++i)
     if (impossible(p.rowLower[i], p.rowUpper[i])) return "row " + std::to_string(i);
   return "";
@@ -51,7 +60,7 @@ std::string impossibleElement(const Problem& p) {
 }  // namespace
 
 std::optional<Result> decidedWithoutEngine(const Problem& p, const Settings& s) {
-  const std::string element = impossibleElement(p);
+  const std::string element = impossibleElement(p, s.integerTolerance);
   if (!element.empty()) {
     logLine(s, "Infeasible: " + element + " has bounds that no value meets");
     Result r;

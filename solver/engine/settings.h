@@ -1,30 +1,33 @@
 // The parameters an engine honours, as typed fields (the C layer maps the
 // named parameters onto them), and the log sink engines write to.
-//
-//  parameter                field                 Clp (LP)        Cbc (MIP)
-//  "Method"                 method                yes             root LP: no
-//  "Presolve"               presolve              ClpPresolve     0: presolve and preprocessing off
-//  "MaxTime"                maxTime               wall clock      wall clock ("-timeMode elapsed")
-//  "SPX/MaxIterations"      maxSimplexIterations  yes             no
-//  "SPX/PrimalTolerance"    primalTolerance       yes             yes (its LPs)
-//  "SPX/DualTolerance"      dualTolerance         yes             yes (its LPs)
-//  "IPM/MaxIterations"      maxBarrierIterations  barrier         no
-//  "IPM/PrimalTolerance"    ipmPrimalTolerance    barrier         no
-//  "IPM/DualTolerance"      ipmDualTolerance      barrier         no
-//  "IPM/GapTolerance"       ipmGapTolerance       accepted, not used: Clp's barrier has a fixed gap
-//  rule "MIP/MaxNodes"           maxNodes              -               yes "MIP/MaxSols"
-//  maxSolutions          -               yes "MIP/GapAbs"             gapAbs                - yes
-//  ("-allowableGap") "MIP/GapRel"             gapRel                -               yes
-//  ("-ratioGap", on the objective without its constant) "MIP/Cutoff"             cutoff - yes
-//  "MIP/IntegerTolerance"   integerTolerance      -               yes
-//  "MIP/LevelCuts"          levelCuts             -               0 off, 1 root only, 2 and -1
-//  Cbc's default, 3 every node "MIP/LevelHeurs"         levelHeurs            -               0
-//  off, 1 rounding and pump, 2 and -1 Cbc's default, 3 adds RENS, RINS, DINS, proximity
-//  "MIP/SolutionPoolSize"   solutionPoolSize      -               yes
-//  "MIP/EnableLazyConstr"   lazyConstraints       -               yes (with a callback)
-//  "NumThreads"             numThreads            no (serial)     > 1: Cbc's threads, unless a
-//  callback is set "OutputFlag", "LogToConsole", "LogFile": the C layer's log; here logLevel and
-//  log.
+// clang-format off
+//  parameter               field                 Clp (LP, QP)      Cbc (MIP)            Ipopt
+//  "Method"                method                yes               root LP: no          -
+//  "Presolve"              presolve              ClpPresolve       0: presolve and      -
+//                                                                  preprocessing off
+//  "MaxTime"               maxTime               wall clock        wall clock           wall clock
+//  "SPX/MaxIterations"     maxSimplexIterations  yes               no                   -
+//  "SPX/PrimalTolerance"   primalTolerance       yes               yes (its LPs)        -
+//  "SPX/DualTolerance"     dualTolerance         yes               yes (its LPs)        -
+//  "IPM/MaxIterations"     maxBarrierIterations  LP barrier        no                   yes
+//  "IPM/PrimalTolerance"   ipmPrimalTolerance    LP barrier        no                   yes
+//  "IPM/DualTolerance"     ipmDualTolerance      LP barrier        no                   yes
+//  "IPM/GapTolerance"      ipmGapTolerance       no (fixed rule)   no                   yes
+//  "MIP/MaxNodes"          maxNodes              -                 yes                  -
+//  "MIP/MaxSols"           maxSolutions          -                 yes                  -
+//  "MIP/GapAbs"            gapAbs                -                 yes ("-allowableGap")
+//  "MIP/GapRel"            gapRel                -                 yes ("-ratioGap", without the constant)
+//  "MIP/Cutoff"            cutoff                -                 yes                  -
+//  "MIP/IntegerTolerance"  integerTolerance      -                 yes                  -
+//  "MIP/LevelCuts"         levelCuts             -                 0 off, 1 root, 2 and -1 default, 3 every node
+//  "MIP/LevelHeurs"        levelHeurs            -                 0 off, 1 rounding and pump, 2 and -1 default,
+//                                                                  3 adds RENS, RINS, DINS, proximity
+//  "MIP/SolutionPoolSize"  solutionPoolSize      -                 yes                  -
+//  "MIP/EnableLazyConstr"  lazyConstraints       -                 yes (with a callback)
+//  "NumThreads"            numThreads            no (serial)       > 1: Cbc's threads, unless a callback is set
+//  "NonConvex"             nonconvexLocal        the chooser: engines declaring local answers only
+//  "OutputFlag", "LogToConsole", "LogFile": the C layer's log; here logLevel and log.
+// clang-format on
 #pragma once
 
 #include <algorithm>

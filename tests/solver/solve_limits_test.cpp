@@ -40,6 +40,8 @@ TEST_F(SolveLimits, WhatEnginesAbortOnIsDecidedOrRefusedFirst) {
       {"column fixed at -infinity", [this] { var(1, -1e30, -1e30); }, KLO_OK,
        KLO_STATUS_INFEASIBLE},
       {"column fixed at +infinity", [this] { var(1, 1e30, 1e30); }, KLO_OK, KLO_STATUS_INFEASIBLE},
+      {"integer column fixed at 0.5", [this] { var(0, 0.5, 0.5, 'I'); }, KLO_OK,
+       KLO_STATUS_INFEASIBLE},
       {"objective coefficient 1e30", [this] { var(1e30, 0, 1); }, KLO_ERROR_NOT_SUPPORTED,
        KLO_STATUS_UNSTARTED},
       {"matrix entry 1e30",
