@@ -35,6 +35,8 @@
 //    optimum: for a nonconvex model the search is a heuristic, its answer
 //    a point that is locally optimal with its integer values fixed, and
 //    its bound no bound.
+//  - "bonmin.cutoff" is on the minimised objective; without a solution
+//    better than it the search ends as proven infeasible.
 //  - bestObj() is the objective Bonmin minimised (sense * f, constant
 //    included): the objective and the bound are turned back to the model's
 //    sense; "MIP/GapRel" is relative to the objective with its constant.
@@ -187,12 +189,14 @@ class BonminRun {
     o.SetNumericValue("bonmin.allowable_gap", std::max(0.0, s_.gapAbs));
     o.SetNumericValue("bonmin.allowable_fraction_gap", std::max(0.0, s_.gapRel));
     o.SetNumericValue("bonmin.integer_tolerance", s_.integerTolerance);
+    if (std::fabs(s_.cutoff) < 1e20) o.SetNumericValue("bonmin.cutoff", p_.sense * s_.cutoff);
   }
 
   void readResult(Bonmin::Bab& bab) {
     r_.status = status(bab);
     const double* best = bab.bestSolution();
-    if (best && r_.status != KLO_STATUS_INFEASIBLE) readSolution(best);
+    if (best && r_.status != KLO_STATUS_INFEASIBLE && r_.status != KLO_STATUS_CUTOFF)
+      readSolution(best);
     r_.nodeCount = bab.numNodes();
     r_.barrierIterations = bab.iterationCount();
     readBound(bab.bestBound());
@@ -220,7 +224,8 @@ class BonminRun {
     switch (bab.mipStatus()) {
       case Bonmin::Bab::FeasibleOptimal: return KLO_STATUS_OPTIMAL;
       case Bonmin::Bab::ProvenInfeasible:
-        return outOfTime ? KLO_STATUS_TIME_LIMIT : KLO_STATUS_INFEASIBLE;
+        if (outOfTime) return KLO_STATUS_TIME_LIMIT;
+        return std::fabs(s_.cutoff) < 1e20 ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
       case Bonmin::Bab::UnboundedOrInfeasible: return KLO_STATUS_INF_OR_UNBD;
       default: break;
     }

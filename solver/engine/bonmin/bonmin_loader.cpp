@@ -61,8 +61,8 @@ EngineEntry bonminEntry() {
   // optimal with its integer values fixed, as Ipopt's answers are: the
   // chooser hands it one only when "NonConvex" asks for a local optimum.
   caps.local = true;
-  caps.parameters = {"MaxTime",    "MIP/MaxNodes", "MIP/MaxSols",
-                     "MIP/GapAbs", "MIP/GapRel",   "MIP/IntegerTolerance"};
+  caps.parameters = {"MaxTime",    "MIP/MaxNodes", "MIP/MaxSols",         "MIP/GapAbs",
+                     "MIP/GapRel", "MIP/Cutoff",   "MIP/IntegerTolerance"};
   return EngineEntry{"Bonmin", caps, makeBonminEngine};
 }
 
