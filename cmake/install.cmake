@@ -3,8 +3,8 @@
 include(CMakePackageConfigHelpers)
 
 install(FILES include/klo_c.h include/klo_cpp.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-# The MIP engine that klo loads at run time from its own folder.
-install(TARGETS klo_cbc LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+# The engines that klo loads at run time from its own folder (MIP, MINLP).
+install(TARGETS klo_cbc klo_bonmin LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS klo_cpp klo EXPORT kloTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

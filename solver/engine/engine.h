@@ -7,7 +7,8 @@
 // This folder holds the seam (problem.h, capabilities.h, settings.h,
 // result.h, this file) and what every adapter may use (problem_eval.h,
 // log.h, lp_duals.h); coin/ what the COIN-OR adapters share; one folder per
-// engine (clp/, cbc/, ipopt/, bonmin/; nlp/ what the last two share), with the engine's quirks at the top of its main file.
+// engine (clp/, cbc/, ipopt/, bonmin/; nlp/ what the last two share), with the engine's quirks at
+// the top of its main file.
 #pragma once
 
 #include <memory>
@@ -62,6 +63,7 @@ struct EngineEntry {
 EngineEntry clpEntry();
 EngineEntry cbcEntry();
 EngineEntry ipoptEntry();
+EngineEntry bonminEntry();
 
 // Every engine of the library, in order of preference: the first that
 // takes a problem solves it.

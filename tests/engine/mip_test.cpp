@@ -174,6 +174,7 @@ TEST_P(Mip, GapLimitCountsAsOptimal) {
 // The knapsack's optimum is 24: a cutoff of 30 (maximising: nothing below
 // 30 counts) leaves no solution; a cutoff of 20 keeps the optimum.
 TEST_P(Mip, CutoffInTheModelsSense) {
+  if (!honours("MIP/Cutoff")) GTEST_SKIP() << "no cutoff";
   Problem p = knapsack();
   Settings s = quietSettings();
   s.cutoff = 30;
@@ -195,6 +196,7 @@ TEST_P(Mip, CutoffInTheModelsSense) {
 // With search and heuristics off and no nodes allowed, only the start can
 // provide a solution.  A partial start (a, b given) is completed.
 TEST_P(Mip, StartIsUsed) {
+  if (!honours("MIP/LevelHeurs")) GTEST_SKIP() << "heuristics cannot be turned off";
   Problem p = knapsack();
   Settings s = quietSettings();
   s.maxNodes = 0;
@@ -239,6 +241,7 @@ TEST_P(Mip, WithoutRows) {
 // Without preprocessing and with two threads the search still ends at
 // the optimum (index.csv: flugpl 1201500).
 TEST_P(Mip, PresolveOffAndThreads) {
+  if (!honours("Presolve") && !honours("NumThreads")) GTEST_SKIP() << "neither parameter";
   for (int threads : {1, 2}) {
     Problem p = readInstance("flugpl");
     Settings s = quietSettings();

@@ -73,6 +73,8 @@ QuadNlp::QuadNlp(const Problem& p) : p_(p), n_(p.numCols()), m_(p.numRows()) {
   };
   size_t q = 0;
   for (int i = 0; i < m_; ++i) {
+    jacStart_.push_back(static_cast<int>(jacRow_.size()));
+    termStart_.push_back(static_cast<int>(rowTerms_.size()));
     for (int e = rowStart_[i]; e < rowStart_[i + 1]; ++e)
       jacConst_[place(i, rowCol_[e])] += rowVal_[e];
     while (q < p.quadRows.size() && p.quadRows[q].row < i) ++q;
@@ -85,10 +87,15 @@ QuadNlp::QuadNlp(const Problem& p) : p_(p), n_(p.numCols()), m_(p.numRows()) {
           TermPos{a, b, t.row[k], t.col[k], t.val[k], hes.at(t.row[k], t.col[k]), i});
     }
   }
+  jacStart_.push_back(static_cast<int>(jacRow_.size()));
+  termStart_.push_back(static_cast<int>(rowTerms_.size()));
   const QuadTerms& o = p.objQuad;
   for (int k = 0; k < o.size(); ++k)
     objTerms_.push_back(
         TermPos{-1, -1, o.row[k], o.col[k], o.val[k], hes.at(o.row[k], o.col[k]), -1});
+  colQuad_.assign(static_cast<size_t>(n_), 0);
+  for (const std::vector<TermPos>* terms : {&rowTerms_, &objTerms_})
+    for (const TermPos& t : *terms) colQuad_[t.i] = colQuad_[t.j] = 1;
 }
 
 double QuadNlp::objective(const double* x) const {
@@ -121,6 +128,26 @@ void QuadNlp::jacobian(const double* x, double* values) const {
     // d(v x_i x_j)/dx_i = v x_j and d/dx_j = v x_i; on the diagonal 2 v x_i.
     values[t.a] += t.v * x[t.j];
     values[t.b] += t.v * x[t.i];
+  }
+}
+
+double QuadNlp::rowValue(int i, const double* x) const {
+  double v = 0.0;
+  for (int e = rowStart_[i]; e < rowStart_[i + 1]; ++e) v += rowVal_[e] * x[rowCol_[e]];
+  for (int k = termStart_[i]; k < termStart_[i + 1]; ++k) {
+    const TermPos& t = rowTerms_[k];
+    v += t.v * x[t.i] * x[t.j];
+  }
+  return v;
+}
+
+void QuadNlp::rowGradient(int i, const double* x, double* values) const {
+  const int first = jacStart_[i];
+  std::copy(jacConst_.begin() + first, jacConst_.begin() + jacStart_[i + 1], values);
+  for (int k = termStart_[i]; k < termStart_[i + 1]; ++k) {
+    const TermPos& t = rowTerms_[k];
+    values[t.a - first] += t.v * x[t.j];
+    values[t.b - first] += t.v * x[t.i];
   }
 }
 

@@ -27,7 +27,10 @@ class QuadNlp {
   int jacobianSize() const { return static_cast<int>(jacRow_.size()); }
   int hessianSize() const { return static_cast<int>(hesRow_.size()); }
   bool rowIsLinear(int i) const { return !rowQuad_[static_cast<size_t>(i)]; }
+  // False when column j appears in a quadratic term (objective or rows).
+  bool colIsLinear(int j) const { return !colQuad_[static_cast<size_t>(j)]; }
   bool hasQuadRows() const { return !rowTerms_.empty(); }
+  bool hasQuadObjective() const { return !objTerms_.empty(); }
 
   // Structures (one entry per Jacobian or Hessian value; the Hessian's lower
   // triangle).
@@ -44,6 +47,12 @@ class QuadNlp {
   void rowValues(const double* x, double* g) const;
   // The Jacobian's values at x, in the order of its structure.
   void jacobian(const double* x, double* values) const;
+  // Row i alone: its activity, and its gradient as the columns and values of
+  // its Jacobian entries (positions rowJacobianStart(i) .. (i + 1) - 1, the
+  // entries of a row being contiguous).
+  double rowValue(int i, const double* x) const;
+  int rowJacobianStart(int i) const { return jacStart_[static_cast<size_t>(i)]; }
+  void rowGradient(int i, const double* x, double* values) const;
   // The Hessian of  objFactor * sense * f + sum_i lambda_i g_i  (lambda may
   // be null: no row terms).
   void hessian(double objFactor, const double* lambda, double* values) const;
@@ -74,12 +83,14 @@ class QuadNlp {
   // The linear matrix by rows.
   std::vector<int> rowStart_, rowCol_;
   std::vector<double> rowVal_;
-  std::vector<char> rowQuad_;
+  std::vector<char> rowQuad_, colQuad_;
   // Jacobian: structure, linear values, positions of the linear entries.
   std::vector<int> jacRow_, jacCol_;
   std::vector<double> jacConst_;
   // Quadratic terms of the rows and the objective with their positions.
   std::vector<TermPos> rowTerms_, objTerms_;
+  // Where each row's Jacobian entries and quadratic terms begin (m + 1 each).
+  std::vector<int> jacStart_, termStart_;
   std::vector<int> hesRow_, hesCol_;
 };
 

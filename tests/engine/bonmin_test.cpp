@@ -1,0 +1,189 @@
+// What is particular to the Bonmin adapter: mixed-integer problems with a
+// quadratic objective or quadratic rows, whose optimum the tests find by
+// enumerating the integer values and solving each continuous problem left
+// with the Ipopt engine; infeasibility, "MaxTime" on the wall clock, and
+// output only through the library's log.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <functional>
+
+#include "engine/problem_eval.h"
+#include "engine_suite.h"
+#include "klo_c.h"
+
+namespace klo::engine::test {
+namespace {
+
+Result solveWithBonmin(const Problem& p, const Settings& s = quietSettings()) {
+  return bonminEntry().make()->solve(p, s, {});
+}
+
+// The best objective over every integer assignment within the (finite)
+// bounds, each continuous rest solved by Ipopt; NaN when none is feasible.
+double bruteForceOptimum(const Problem& p) {
+  std::vector<int> ints;
+  for (int j = 0; j < p.numCols(); ++j)
+    if (p.colType[j] != 'C') ints.push_back(j);
+  double best = NAN;
+  Problem fixed = p;
+  std::function<void(size_t)> visit = [&](size_t k) {
+    if (k == ints.size()) {
+      Result r = ipoptEntry().make()->solve(fixed, quietSettings(), {});
+      if (r.status == KLO_STATUS_OPTIMAL &&
+          (std::isnan(best) || p.sense * (r.objective - best) < 0))
+        best = r.objective;
+      return;
+    }
+    const int j = ints[k];
+    fixed.colType[j] = 'C';
+    for (double v = std::ceil(p.colLower[j]); v <= p.colUpper[j]; ++v) {
+      fixed.colLower[j] = fixed.colUpper[j] = v;
+      visit(k + 1);
+    }
+  };
+  visit(0);
+  return best;
+}
+
+// Convex MIQP: x0 in -3..3 and x1 in 0..4 integer, y0 in [-10, 10], y1
+// free; objective 2 x0^2 + x1^2 + y0^2 + y1^2 + x0 y0 + x1 y1 - 3 x0 - 5 x1
+// + 2 y0 - y1 + 1 (Hessian positive definite); rows x0 + x1 + y0 >= 1.5,
+// x1 - y1 <= 2.2, x0 - x1 <= 0.5.  Maximising flips every sign.
+Problem miqp(int sense) {
+  ProblemBuilder b(sense);
+  const int x0 = b.col(-3 * sense, -3, 3, 'I'), x1 = b.col(-5 * sense, 0, 4, 'I');
+  const int y0 = b.col(2 * sense, -10, 10), y1 = b.col(-1 * sense, -kInf, kInf);
+  b.objQuad(x0, x0, 2 * sense);
+  b.objQuad(x0, y0, 1 * sense);
+  b.objQuad(x1, x1, 1 * sense);
+  b.objQuad(x1, y1, 1 * sense);
+  b.objQuad(y0, y0, 1 * sense);
+  b.objQuad(y1, y1, 1 * sense);
+  b.problem().objConstant = sense;
+  b.row({{x0, 1}, {x1, 1}, {y0, 1}}, 1.5, kInf);
+  b.row({{x1, 1}, {y1, -1}}, -kInf, 2.2);
+  b.row({{x0, 1}, {x1, -1}}, -kInf, 0.5);
+  return b.problem();
+}
+
+// Convex MIQCQP: min -2 x0 - 3 y0 - y1 + 1.5 x1, x0 in 0..5 integer, x1
+// binary, y >= 0; x0^2 + y0^2 + y1^2 - 5 x1 <= 10 (a ball that x1 widens)
+// and x0 + y0 <= 3.7.
+Problem miqcqp() {
+  ProblemBuilder b;
+  const int x0 = b.col(-2, 0, 5, 'I'), x1 = b.col(1.5, 0, 1, 'B');
+  const int y0 = b.col(-3, 0, kInf), y1 = b.col(-1, 0, kInf);
+  const int ball = b.row({{x1, -5}}, -kInf, 10);
+  for (int j : {x0, y0, y1}) b.rowQuad(ball, j, j, 1);
+  b.row({{x0, 1}, {y0, 1}}, -kInf, 3.7);
+  return b.problem();
+}
+
+TEST(Bonmin, OptimumMatchesEnumeration) {
+  const struct {
+    const char* name;
+    Problem p;
+  } cases[] = {
+      {"MIQP min", miqp(KLO_MINIMIZE)}, {"MIQP max", miqp(KLO_MAXIMIZE)}, {"MIQCQP", miqcqp()}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const double want = bruteForceOptimum(c.p);
+    ASSERT_FALSE(std::isnan(want));
+    Result r = solveWithBonmin(c.p);
+    ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+    ASSERT_TRUE(r.hasSolution);
+    EXPECT_NEAR(r.objective, want, 1e-6);
+    EXPECT_NEAR(objectiveOf(c.p, r.x.data()), r.objective, 1e-9);
+    EXPECT_LE(maxViolation(c.p, r.x.data(), true), 1e-6);
+    EXPECT_EQ(r.activities, rowActivities(c.p, r.x.data()));
+    EXPECT_LE(c.p.sense * (r.dualObjective - r.objective), 1e-9);  // bound on the right side
+    EXPECT_LE(r.gapRel, 1e-4);
+    EXPECT_GE(r.nodeCount, 0);
+  }
+}
+
+// Infeasible through the quadratic row's relaxation already (x0^2 + y^2 <=
+// 2 against x0 + y >= 2.5), and only through integrality (2 x0 + 2 x1 = 3).
+TEST(Bonmin, InfeasibleProblems) {
+  ProblemBuilder ball;
+  int x = ball.col(1, 0, 3, 'I'), y = ball.col(1, -kInf, kInf);
+  int r0 = ball.row({}, -kInf, 2);
+  ball.rowQuad(r0, x, x, 1);
+  ball.rowQuad(r0, y, y, 1);
+  ball.row({{x, 1}, {y, 1}}, 2.5, kInf);
+
+  ProblemBuilder parity;
+  x = parity.col(0, 0, 3, 'I');
+  y = parity.col(0, 0, 3, 'I');
+  parity.objQuad(x, x, 1);
+  parity.row({{x, 2}, {y, 2}}, 3, 3);
+
+  for (ProblemBuilder* b : {&ball, &parity}) {
+    Result r = solveWithBonmin(b->problem());
+    EXPECT_EQ(r.status, KLO_STATUS_INFEASIBLE);
+    EXPECT_FALSE(r.hasSolution);
+    EXPECT_TRUE(r.x.empty());
+  }
+}
+
+// The nearest integer point to a target through a badly conditioned
+// lattice: min |A x - t|^2 over 30 integers in -20..20 needs far more nodes
+// than half a second allows.  The stop comes on the wall clock, within 5%
+// and 50 ms, with a feasible incumbent kept if one was found.
+TEST(Bonmin, TimeLimitStopsOnTheWallClock) {
+  ProblemBuilder b;
+  const int n = 30;
+  for (int j = 0; j < n; ++j) b.col(0, -20, 20, 'I');
+  // A = I + 0.9 (ones): every pair coupled; t irrational-looking.
+  for (int i = 0; i < n; ++i) {
+    const double t = std::sin(1.0 + i) * 7.3;
+    // sum_j A_ij x_j - t squared, expanded.
+    for (int j = 0; j < n; ++j) {
+      const double aij = (i == j ? 1.0 : 0.0) + 0.9;
+      b.problem().obj[j] += -2 * t * aij;
+      for (int k = j; k < n; ++k) {
+        const double aik = (i == k ? 1.0 : 0.0) + 0.9;
+        b.objQuad(j, k, (j == k ? 1.0 : 2.0) * aij * aik);
+      }
+    }
+    b.problem().objConstant += t * t;
+  }
+  Settings s = quietSettings();
+  s.maxTime = 0.5;
+  s.started = std::chrono::steady_clock::now();
+  const auto t0 = s.started;
+  Result r = solveWithBonmin(b.problem(), s);
+  const double took = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+  EXPECT_EQ(r.status, KLO_STATUS_TIME_LIMIT);
+  EXPECT_LE(took, 0.5 * 1.05 + 0.05);
+  if (r.hasSolution) {
+    EXPECT_LE(maxViolation(b.problem(), r.x.data(), true), 1e-6);
+  }
+}
+
+TEST(Bonmin, PrintsNothingAndLogsThroughTheSink) {
+  for (int level : {0, 1, 3}) {
+    std::vector<std::string> lines;
+    Settings s = quietSettings(&lines);
+    s.logLevel = level;
+    testing::internal::CaptureStdout();
+    Result r = solveWithBonmin(miqcqp(), s);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "level " << level;
+    EXPECT_EQ(r.status, KLO_STATUS_OPTIMAL);
+    if (level == 0) {
+      EXPECT_TRUE(lines.empty());
+      continue;
+    }
+    bool summary = false;
+    for (const std::string& l : lines) {
+      EXPECT_EQ(l.find('\n'), std::string::npos);
+      summary = summary || l.rfind("MINLP optimal", 0) == 0;
+    }
+    EXPECT_TRUE(summary);
+  }
+}
+
+}  // namespace
+}  // namespace klo::engine::test
