@@ -720,8 +720,12 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  gradient of a row's terms enters its reduced costs).  Quadratic models
  *  give "X", "Activity", "DualSoln", "RC", "DualObjVal" (the Wolfe dual)
  *  and "IPM/NumIters" or "SPX/NumIters"; no basis and no rays.  Models
- *  with integer variables and quadratic parts are not solved yet
- *  (KLO_ERROR_NOT_SUPPORTED).
+ *  with integer variables and quadratic parts go to Bonmin (branch and
+ *  bound over Ipopt's relaxations): "X", "Activity", "DualObjVal" (the
+ *  bound), "MIP/GapAbs", "MIP/GapRel", one pool solution; it honours
+ *  "MaxTime", "MIP/MaxNodes", "MIP/MaxSols", "MIP/GapAbs", "MIP/GapRel",
+ *  "MIP/Cutoff" and "MIP/IntegerTolerance", and takes no SOS sets,
+ *  callbacks or MIP starts.
  *
  *  Parameters honoured (LP: Clp; MIP: Cbc):
  *    "Method"                LP; the MIP's root relaxation uses Cbc's own choice
