@@ -76,7 +76,7 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
          p.colType[0] = 'B';
          p.objQuad = {{0}, {0}, {1.0}};
        },
-       ModelClass::MIQP, "has integer variables together with quadratic objective terms"},
+       ModelClass::MIQP, "Bonmin"},
       {"SDP",
        [](Problem& p) {
          p.psdVars.push_back({2, {}});
