@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "common/status_text.h"
+
 namespace klo::engine {
 
 void logLine(const Settings& s, const std::string& line) {
@@ -12,6 +14,18 @@ std::string formatNumber(double v) {
   char buf[32];
   std::snprintf(buf, sizeof buf, "%.10g", v);
   return buf;
+}
+
+std::string searchSummary(const char* kind, const Result& r, const char* iterationKind,
+                          long long iterations) {
+  std::string line = std::string(kind) + " " + statusText(r.status);
+  if (r.hasSolution)
+    line += ", objective " + formatNumber(r.objective) + ", bound " +
+            formatNumber(r.dualObjective) + ", gap " + formatNumber(100.0 * r.gapRel) + "%";
+  else
+    line += ", no solution";
+  return line + "; " + std::to_string(r.nodeCount) + " nodes, " + std::to_string(iterations) + " " +
+         iterationKind + " iterations in " + formatNumber(r.solverTime) + " s";
 }
 
 }  // namespace klo::engine

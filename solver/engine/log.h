@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "engine/result.h"
 #include "engine/settings.h"
 
 namespace klo::engine {
@@ -12,5 +13,11 @@ void logLine(const Settings& s, const std::string& line);
 
 // A number as log lines show it (up to 10 significant digits).
 std::string formatNumber(double v);
+
+// The closing line of a branch-and-bound search: "<kind> <status>,
+// objective .., bound .., gap ..%; N nodes, M <iterationKind> iterations
+// in T s".
+std::string searchSummary(const char* kind, const Result& r, const char* iterationKind,
+                          long long iterations);
 
 }  // namespace klo::engine

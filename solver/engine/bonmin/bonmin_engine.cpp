@@ -55,7 +55,6 @@
 #include <mutex>
 
 #include "common/error.h"
-#include "common/status_text.h"
 #include "engine/bonmin/quad_tminlp.h"
 #include "engine/coin/log_handler.h"
 #include "engine/engine.h"
@@ -246,15 +245,7 @@ class BonminRun {
   }
 
   std::string summaryLine() const {
-    std::string line = std::string("MINLP ") + statusText(r_.status);
-    if (r_.hasSolution)
-      line += ", objective " + formatNumber(r_.objective) + ", bound " +
-              formatNumber(r_.dualObjective) + ", gap " + formatNumber(100.0 * r_.gapRel) + "%";
-    else
-      line += ", no solution";
-    return line + "; " + std::to_string(r_.nodeCount) + " nodes, " +
-           std::to_string(r_.barrierIterations) + " barrier iterations in " +
-           formatNumber(r_.solverTime) + " s";
+    return searchSummary("MINLP", r_, "barrier", r_.barrierIterations);
   }
 
   const Problem& p_;

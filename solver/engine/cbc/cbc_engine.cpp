@@ -56,7 +56,6 @@
 #include <cmath>
 #include <mutex>
 
-#include "common/status_text.h"
 #include "engine/cbc/cbc_arguments.h"
 #include "engine/cbc/cbc_hooks.h"
 #include "engine/coin/coin_problem.h"
@@ -266,15 +265,7 @@ class CbcRun {
   }
 
   std::string summaryLine() const {
-    std::string line = std::string("MIP ") + statusText(r_.status);
-    if (r_.hasSolution)
-      line += ", objective " + formatNumber(r_.objective) + ", bound " +
-              formatNumber(r_.dualObjective) + ", gap " + formatNumber(100.0 * r_.gapRel) + "%";
-    else
-      line += ", no solution";
-    return line + "; " + std::to_string(r_.nodeCount) + " nodes, " +
-           std::to_string(r_.simplexIterations) + " simplex iterations in " +
-           formatNumber(r_.solverTime) + " s";
+    return searchSummary("MIP", r_, "simplex", r_.simplexIterations);
   }
 
   const Problem& p_;
