@@ -36,9 +36,11 @@
  *    "NumPsdConstrs" count the rows that have quadratic or PSD terms.
  *  - Matrices (PSD coefficients, "PsdX", "PsdObj") are passed as a count of
  *    stored entries, a row and a column count, and parallel arrays of
- *    row-major flattened positions (row * cols + col) and values.  A
- *    symmetric matrix is stored as one triangle; an off-diagonal entry stands
- *    for itself and its mirror image.
+ *    row-major flattened positions (row * cols + col) and values; repeated
+ *    positions add up.  A symmetric matrix is given as one triangle (an
+ *    off-diagonal entry stands for itself and its mirror image) or whole
+ *    (an entry and its mirror equal); one whose entry and mirror differ is
+ *    not symmetric and is refused (KLO_ERROR_INVALID_ARGUMENT).
  *  - Strings returned through a `const char **` point into the library and
  *    stay valid until the next call on the same model.
  */
@@ -254,6 +256,10 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_CBINFO_ISINTEGER 315  /**< int array: 1 for integer columns, 0 for the others */
 #define KLO_CBINFO_SOLUTION 316   /**< double array: as 303, for the handle-based callback */
 #define KLO_CBINFO_NODEREL 317    /**< double array: as 304, for the handle-based callback */
+/** double: objective of the current interior-point iterate (KLO_CB_BARRIER) */
+#define KLO_CBINFO_BARRIER_PRIMOBJ 318
+/** double: dual objective of the current interior-point iterate (KLO_CB_BARRIER, SDP engine) */
+#define KLO_CBINFO_BARRIER_DUALOBJ 319
 /* The index variant (codes 303, 304 and the *p functions) addresses the
  * same columns as the model. */
 
@@ -722,10 +728,14 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  and "IPM/NumIters" or "SPX/NumIters"; no basis and no rays.  Models
  *  with integer variables and quadratic parts go to Bonmin (branch and
  *  bound over Ipopt's relaxations): "X", "Activity", "DualObjVal" (the
- *  bound), "MIP/GapAbs", "MIP/GapRel", one pool solution; it honours
- *  "MaxTime", "MIP/MaxNodes", "MIP/MaxSols", "MIP/GapAbs", "MIP/GapRel",
- *  "MIP/Cutoff" and "MIP/IntegerTolerance", and takes no SOS sets,
- *  callbacks or MIP starts.
+ *  bound), "MIP/GapAbs", "MIP/GapRel", its incumbents as the pool; it
+ *  honours "MaxTime", "MIP/MaxNodes", "MIP/MaxSols", "MIP/GapAbs",
+ *  "MIP/GapRel", "MIP/Cutoff", "MIP/IntegerTolerance" and
+ *  "MIP/SolutionPoolSize".  Its search raises KLO_CB_MIP (each node) and
+ *  KLO_CB_MIPSOL (each incumbent), where KLOcbsolution proposes solutions
+ *  and KLO_CB_STOP stops; it raises no KLO_CB_MIPNODE (so no cuts or
+ *  branching from a callback, and no lazy constraints) and takes no SOS
+ *  sets or MIP starts.
  *
  *  Parameters honoured (LP: Clp; MIP: Cbc):
  *    "Method"                LP; the MIP's root relaxation uses Cbc's own choice

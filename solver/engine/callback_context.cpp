@@ -82,6 +82,12 @@ int callbackGet(const CallbackContext& c, int where, int what, void* result) {
     case KLO_CBINFO_ITERCOUNT: return putInt(result, c.iterCount);
     default: break;
   }
+  if (what == KLO_CBINFO_BARRIER_PRIMOBJ || what == KLO_CBINFO_BARRIER_DUALOBJ) {
+    const double v = what == KLO_CBINFO_BARRIER_PRIMOBJ ? c.barrierPrimal : c.barrierDual;
+    if (where != c.where || c.where != KLO_CB_BARRIER || std::isnan(v))
+      return KLO_ERROR_CALLBACK_WHERE;
+    return putDouble(result, v);
+  }
   if (what == KLO_CBINFO_MSG_STRING)
     return where == c.where && c.message ? putArray(result, c.message) : KLO_ERROR_CALLBACK_WHERE;
   const bool solutionCode = what == KLO_CBINFO_SOLUTION_IDX || what == KLO_CBINFO_SOLUTION;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <chrono>
+#include <cmath>
 #include <functional>
 
 #include "klo_c.h"
@@ -40,6 +41,9 @@ struct CallbackContext {
   long long cutCount = 0;
   int nodeDepth = 0;
   int nodeStatus = 0;  // KLO_STATUS_... of the node relaxation
+  // KLO_CB_BARRIER: the iterate's objectives (NaN where not known).
+  double barrierPrimal = std::nan("");
+  double barrierDual = std::nan("");
 
   // Arrays in the model's column numbering, null when not available here.
   const double* solution = nullptr;        // KLO_CB_MIPSOL: the new incumbent

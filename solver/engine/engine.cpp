@@ -19,7 +19,8 @@ Result Engine::solve(const Problem& problem, const Settings& settings, const Cal
 }
 
 const std::vector<EngineEntry>& engines() {
-  static const std::vector<EngineEntry> all{clpEntry(), cbcEntry(), ipoptEntry(), bonminEntry()};
+  static const std::vector<EngineEntry> all{clpEntry(), cbcEntry(), ipoptEntry(), bonminEntry(),
+                                            csdpEntry()};
   return all;
 }
 

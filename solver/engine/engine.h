@@ -64,6 +64,7 @@ EngineEntry clpEntry();
 EngineEntry cbcEntry();
 EngineEntry ipoptEntry();
 EngineEntry bonminEntry();
+EngineEntry csdpEntry();
 
 // Every engine of the library, in order of preference: the first that
 // takes a problem solves it.

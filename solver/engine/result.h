@@ -75,4 +75,14 @@ inline void addWork(Result& to, const Result& from) {
   to.solverTime += from.solverTime;
 }
 
+// The pool: r's own solution first, then the earlier incumbents (found in
+// order, each better than the one before) best first, up to size in all.
+inline void fillPool(Result& r, const std::vector<PoolSolution>& earlier, int size) {
+  r.pool.push_back(PoolSolution{r.objective, r.x});
+  for (auto it = earlier.rbegin(); it != earlier.rend(); ++it) {
+    if (static_cast<int>(r.pool.size()) >= size) break;
+    if (it->x != r.x) r.pool.push_back(*it);
+  }
+}
+
 }  // namespace klo::engine

@@ -5,6 +5,7 @@
 
 #include "engine/problem_eval.h"
 #include "klo_c.h"
+#include "solve/psd_check.h"
 
 namespace klo {
 namespace {
@@ -73,6 +74,11 @@ void measureDuals(const Problem& p, const engine::Result& r, Violations& v) {
     v.dual = std::max(v.dual, unpaired(d, p.colLower[j], p.colUpper[j]) / scale);
     gap += slackProduct(d, r.x[j], p.colLower[j], p.colUpper[j]);
   }
+  if (!r.psdX.empty()) {
+    const PsdDualFigures f = psdDualFigures(p, r.psdX, y);
+    v.dual = std::max(v.dual, f.violation);
+    gap += f.gap;
+  }
   v.complementarity = gap / std::max(1.0, std::fabs(r.objective));
   v.dualChecked = true;
 }
@@ -85,8 +91,8 @@ void measureAnswer(const Problem& p, engine::Result& r) {
   const engine::PsdValues* psd = r.psdX.empty() ? nullptr : &r.psdX;
   std::vector<double> rowTerms;
   r.violations = engine::primalViolations(p, r.x.data(), psd, &r.activities, &rowTerms);
-  // PSD blocks enter the Lagrangian in ways this check does not model yet.
-  const bool dualsApply = !p.isMip() && p.psdVars.empty();
+  if (psd) r.violations.psd = psdPrimalViolation(p, *psd);
+  const bool dualsApply = !p.isMip();
   if (dualsApply && r.duals.size() == static_cast<size_t>(p.numRows()))
     measureDuals(p, r, r.violations);
 }

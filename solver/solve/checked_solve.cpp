@@ -135,6 +135,13 @@ class Fallback {
       primal.primalTolerance *= kTighter;
       primal.dualTolerance *= kTighter;
       out.emplace_back(&tried, primal);
+    } else if (honours(tried, "IPM/PrimalTolerance")) {
+      // An interior-point engine again, to 100 times tighter tolerances.
+      engine::Settings tight = s_;
+      tight.ipmPrimalTolerance *= kTighter;
+      tight.ipmDualTolerance *= kTighter;
+      tight.ipmGapTolerance *= kTighter;
+      out.emplace_back(&tried, tight);
     }
     const unsigned wanted = engine::featuresOf(p_);
     for (const engine::EngineEntry& e : from_)
@@ -150,8 +157,8 @@ class Fallback {
   }
 
   std::string describe(const engine::Settings& s) const {
-    return s.dualTolerance < s_.dualTolerance ? " (primal method, tolerances 100 times tighter)"
-                                              : "";
+    if (s.dualTolerance < s_.dualTolerance) return " (primal method, tolerances 100 times tighter)";
+    return s.ipmGapTolerance < s_.ipmGapTolerance ? " (tolerances 100 times tighter)" : "";
   }
 
   const engine::Problem& p_;
@@ -195,11 +202,12 @@ engine::Result checkedSolve(const engine::Problem& p, const engine::Settings& s,
   engine::Result r = e->solve(*q, s, cb);
   measureAnswer(p, r);
   const bool failed = r.status == KLO_STATUS_OPTIMAL && !passesCheck(r, s);
-  const bool quadratic = p.objQuad.size() > 0 || !p.quadRows.empty();
-  if (failed || (quadratic && r.status == KLO_STATUS_NUMERICAL)) {
+  // Answers of interior-point engines have no basis to clean up from.
+  const bool nonlinear = p.objQuad.size() > 0 || !p.quadRows.empty() || !p.psdVars.empty();
+  if (failed || (nonlinear && r.status == KLO_STATUS_NUMERICAL)) {
     engine::logLine(s, std::string("Answer check failed (") + figures(r.violations) +
-                           (quadratic ? "): trying other methods" : "): cleaning up"));
-    r = quadratic ? Fallback(*q, s, from, local).run(std::move(r), entry)
+                           (nonlinear ? "): trying other methods" : "): cleaning up"));
+    r = nonlinear ? Fallback(*q, s, from, local).run(std::move(r), entry)
                   : CleanUp(*q, s, cb, *e).run(std::move(r));
   }
   if (local && r.status == KLO_STATUS_OPTIMAL) r.status = KLO_STATUS_LOCALLY_OPTIMAL;

@@ -7,10 +7,9 @@
 #include <vector>
 
 #include "klo_c.h"
+#include "solve/eigenvalues.h"
 
 extern "C" void dpotrf_(const char* uplo, const int* n, double* a, const int* lda, int* info);
-extern "C" void dsyev_(const char* jobz, const char* uplo, const int* n, double* a, const int* lda,
-                       double* w, double* work, const int* lwork, int* info);
 
 namespace klo {
 namespace {
@@ -96,14 +95,8 @@ bool choleskyWithShift(const std::vector<double>& a, int k) {
 bool positiveSemidefinite(std::vector<double> a, int k) {
   if (k == 1) return a[0] >= 0;
   if (choleskyWithShift(a, k)) return true;
-  std::vector<double> eig(k);
-  int info = 0, lwork = -1;
-  double size = 0;
-  dsyev_("N", "L", &k, a.data(), &k, eig.data(), &size, &lwork, &info);
-  lwork = std::max(1, static_cast<int>(size));
-  std::vector<double> work(lwork);
-  dsyev_("N", "L", &k, a.data(), &k, eig.data(), work.data(), &lwork, &info);
-  if (info != 0) return false;  // no convergence: not shown semidefinite
+  const std::vector<double> eig = symmetricEigenvalues(std::move(a), k);
+  if (eig.empty()) return false;  // no convergence: not shown semidefinite
   const double radius = std::max(std::fabs(eig.front()), std::fabs(eig.back()));
   return eig.front() >= -kRelativeTolerance * radius;
 }

@@ -1,12 +1,14 @@
 #include "store/sparse.h"
 
 #include <algorithm>
+#include <cmath>
 #include <initializer_list>
 #include <numeric>
 #include <string>
 #include <utility>
 
 #include "common/error.h"
+#include "common/text.h"
 #include "klo_c.h"
 #include "store/checks.h"
 
@@ -70,6 +72,29 @@ SymMatrix symFrom(SymEntries e) {
   return m;
 }
 
+// One triangle stands for the whole matrix: an entry whose mirror is not
+// given is moved to the upper triangle; one whose mirror is given must
+// equal it (a matrix given whole), else the matrix is not symmetric.
+SymEntries foldToUpper(const SymEntries& full, int dim) {
+  auto valueAt = [&](int p) -> const double* {
+    auto it = std::lower_bound(full.begin(), full.end(), p,
+                               [](const auto& e, int key) { return e.first < key; });
+    return it != full.end() && it->first == p ? &it->second : nullptr;
+  };
+  SymEntries upper;
+  for (const auto& [p, v] : full) {
+    const int r = p / dim, c = p % dim, mirror = c * dim + r;
+    const double* m = r == c ? nullptr : valueAt(mirror);
+    if (m && std::fabs(*m - v) > 1e-12 * std::max({1.0, std::fabs(v), std::fabs(*m)}))
+      fail(KLO_ERROR_INVALID_ARGUMENT, "The matrix is not symmetric: entry (" + std::to_string(r) +
+                                           ", " + std::to_string(c) + ") is " + formatDouble(v) +
+                                           " and entry (" + std::to_string(c) + ", " +
+                                           std::to_string(r) + ") " + formatDouble(*m));
+    if (r <= c || !m) upper.push_back({std::min(p, mirror), v});
+  }
+  return upper;
+}
+
 }  // namespace
 
 SparseVec makeSparse(int n, const int* ind, const double* val, int count, Kind kind) {
@@ -113,17 +138,17 @@ SymMatrix makeSym(int n, const int* pos, const double* val, int dim) {
   checkCount(n, "Number of matrix entries");
   requireArrays(n, {pos, val});
   long long size = static_cast<long long>(dim) * dim;
-  SymEntries e(n);
+  SymEntries full(n);
   for (int k = 0; k < n; ++k) {
     if (pos[k] < 0 || pos[k] >= size)
       fail(KLO_ERROR_INVALID_ARGUMENT, "Matrix position " + std::to_string(pos[k]) +
                                            " is outside a " + std::to_string(dim) + " x " +
                                            std::to_string(dim) + " matrix");
     checkCoef(val[k], "Matrix coefficient");
-    int r = pos[k] / dim, c = pos[k] % dim;
-    e[k] = {std::min(r, c) * dim + std::max(r, c), val[k]};
+    full[k] = {pos[k], val[k]};
   }
-  return symFrom(std::move(e));
+  normalise(full);
+  return symFrom(foldToUpper(full, dim));
 }
 
 QuadTerms addQuad(const QuadTerms& a, const QuadTerms& b) {

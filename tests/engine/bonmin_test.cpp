@@ -5,6 +5,7 @@
 // output only through the library's log.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <functional>
@@ -129,14 +130,11 @@ TEST(Bonmin, InfeasibleProblems) {
 }
 
 // The nearest integer point to a target through a badly conditioned
-// lattice: min |A x - t|^2 over 30 integers in -20..20 needs far more nodes
-// than half a second allows.  The stop comes on the wall clock, within 5%
-// and 50 ms, with a feasible incumbent kept if one was found.
-TEST(Bonmin, TimeLimitStopsOnTheWallClock) {
+// lattice: min |A x - t|^2 over n integers in -20..20, A = I + 0.9 (ones),
+// every pair coupled, t irrational-looking.
+Problem lattice(int n) {
   ProblemBuilder b;
-  const int n = 30;
   for (int j = 0; j < n; ++j) b.col(0, -20, 20, 'I');
-  // A = I + 0.9 (ones): every pair coupled; t irrational-looking.
   for (int i = 0; i < n; ++i) {
     const double t = std::sin(1.0 + i) * 7.3;
     // sum_j A_ij x_j - t squared, expanded.
@@ -150,17 +148,64 @@ TEST(Bonmin, TimeLimitStopsOnTheWallClock) {
     }
     b.problem().objConstant += t * t;
   }
+  return b.problem();
+}
+
+// With 30 columns the search needs far more nodes than half a second
+// allows.  The stop comes on the wall clock, within 5% and 50 ms, with a
+// feasible incumbent kept if one was found.
+TEST(Bonmin, TimeLimitStopsOnTheWallClock) {
+  const Problem p = lattice(30);
   Settings s = quietSettings();
   s.maxTime = 0.5;
   s.started = std::chrono::steady_clock::now();
   const auto t0 = s.started;
-  Result r = solveWithBonmin(b.problem(), s);
+  Result r = solveWithBonmin(p, s);
   const double took = std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
   EXPECT_EQ(r.status, KLO_STATUS_TIME_LIMIT);
   EXPECT_LE(took, 0.5 * 1.05 + 0.05);
   if (r.hasSolution) {
-    EXPECT_LE(maxViolation(b.problem(), r.x.data(), true), 1e-6);
+    EXPECT_LE(maxViolation(p, r.x.data(), true), 1e-6);
   }
+}
+
+// The search raises KLO_CB_MIP and KLO_CB_MIPSOL: incumbents feasible and
+// each better than the last, the last one the result and the pool's best;
+// a solution proposed at the first node is taken; a stop ends the search.
+TEST(Bonmin, CallbackSeesIncumbentsTakesSolutionsAndStops) {
+  const Problem p = lattice(6);
+  std::vector<double> seen;
+  int progress = 0, proposed = -1;
+  Callback cb = [&](CallbackContext& ctx) {
+    if (ctx.where == KLO_CB_MIP && ++progress == 1) {
+      const double x[] = {0, 0, 0, 0, 0, 0};  // feasible, not optimal
+      proposed = callbackSolution(ctx, x, nullptr);
+    }
+    if (ctx.where == KLO_CB_MIPSOL) {
+      EXPECT_LE(maxViolation(p, ctx.solution, true), 1e-5);
+      seen.push_back(objectiveOf(p, ctx.solution));
+    }
+    return 0;
+  };
+  Result r = bonminEntry().make()->solve(p, quietSettings(), cb);
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_GT(progress, 0);
+  ASSERT_FALSE(seen.empty());
+  for (size_t k = 1; k < seen.size(); ++k) EXPECT_LT(seen[k], seen[k - 1] + 1e-9);
+  EXPECT_NEAR(seen.back(), r.objective, 1e-5);
+  ASSERT_FALSE(r.pool.empty());
+  EXPECT_EQ(r.pool.front().x, r.x);
+  const std::vector<double> origin(6, 0.0);
+  EXPECT_EQ(proposed, KLO_OK);
+  EXPECT_TRUE(std::any_of(seen.begin(), seen.end(), [&](double v) {
+    return std::fabs(v - objectiveOf(p, origin.data())) < 1e-6;
+  })) << "the proposal never became an incumbent";
+
+  Callback stopAtFirst = [](CallbackContext& ctx) {
+    return ctx.where == KLO_CB_MIP ? KLO_CB_STOP : 0;
+  };
+  EXPECT_EQ(bonminEntry().make()->solve(p, quietSettings(), stopAtFirst).status,
+            KLO_STATUS_INTERRUPTED);
 }
 
 TEST(Bonmin, PrintsNothingAndLogsThroughTheSink) {

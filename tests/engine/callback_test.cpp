@@ -219,8 +219,9 @@ TEST_P(Callbacks, InformationOutsideItsLocationIsRefused) {
                                      KLO_ERROR_INVALID_VAR, KLO_ERROR_INVALID_VAR}));
 }
 
-// Engines whose search calls the callback: those taking lazy constraints,
-// which come through it (Bonmin has no hooks for it).
+// Engines whose search calls the callback at every location: those taking
+// lazy constraints, which come through it (Bonmin's search raises fewer,
+// tested with its adapter).
 KLO_ENGINE_SUITE(Callbacks, lazyRows);
 
 }  // namespace

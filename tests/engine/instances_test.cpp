@@ -21,9 +21,11 @@ struct InstanceEngine {
 };
 
 // The instances are linear: they measure the linear engines.  Engines that
-// take quadratic rows (Ipopt, Bonmin: nonlinear interior-point methods,
-// never chosen for a linear model) have their own suites.
-bool linearEngine(const EngineEntry& e) { return !e.caps.takes(kQuadRows); }
+// take quadratic rows or PSD variables (Ipopt, Bonmin, CSDP: interior-point
+// methods never chosen for a linear model) have their own suites.
+bool linearEngine(const EngineEntry& e) {
+  return !e.caps.takes(kQuadRows) && !e.caps.takes(kPsd);
+}
 
 // Each instance with each linear engine that takes its kind (and, with
 // method, honours "Method").

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -49,6 +50,24 @@ class ProblemBuilder {
     t.row.push_back(i);
     t.col.push_back(j);
     t.val.push_back(v);
+  }
+  // A PSD variable of dimension dim; entries of its objective and of its
+  // terms in rows are (r, c, value) with r <= c, upper triangle.
+  using Entries = std::vector<std::tuple<int, int, double>>;
+  int psdVar(int dim, const Entries& obj = {}) {
+    p_.psdVars.push_back(PsdVar{dim, symmetric(dim, obj)});
+    return static_cast<int>(p_.psdVars.size()) - 1;
+  }
+  void psdTerm(int row, int var, const Entries& e) {
+    p_.psdTerms.push_back(PsdTerm{row, var, symmetric(p_.psdVars[var].dim, e)});
+  }
+  static SymMatrix symmetric(int dim, const Entries& e) {
+    SymMatrix m;
+    for (const auto& [r, c, v] : e) {
+      m.pos.push_back(r * dim + c);
+      m.val.push_back(v);
+    }
+    return m;
   }
   void sos(int type, const std::vector<int>& members, const std::vector<double>& weights) {
     p_.sos.push_back(SosSet{type, members, weights});

@@ -109,6 +109,12 @@ TEST_F(Psd, BadMatricesAreRefused) {
   const int pos[] = {0};
   EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, other, mbeg, pos, one, 0, 1, ""),
             KLO_ERROR_INVALID_PSDVAR);
+  const int bothTriangles[] = {1, 2};
+  const double unequal[] = {1, 2};
+  const int mbeg2[] = {0, 2};
+  EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, mbeg2, bothTriangles,
+                                 unequal, 0, 1, ""),
+            KLO_ERROR_INVALID_ARGUMENT);
   const double nan[] = {NAN};
   EXPECT_EQ(KLOaddrangepsdconstr(model, 0, nullptr, nullptr, 1, psdvar, mbeg, pos, nan, 0, 1, ""),
             KLO_ERROR_INVALID_ARGUMENT);
@@ -121,8 +127,8 @@ TEST_F(Psd, BadMatricesAreRefused) {
 
 TEST_F(Psd, ObjectiveMatrixIsStoredAsOneTriangle) {
   ASSERT_EQ(KLOaddpsdvar(model, 2, "A"), KLO_OK);
-  const int pos[] = {2, 1, 3};  // (1,0) and (0,1) add up
-  const double val[] = {1, 2, 5};
+  const int pos[] = {2, 1, 3};  // given whole: (1,0) and (0,1) are one entry
+  const double val[] = {2, 2, 5};
   ASSERT_EQ(KLOsetmatattrelement(model, "PsdObj", 0, 3, 2, 2, pos, val), KLO_OK);
   int nnz = 0, nr = 0, nc = 0, ind[3];
   double v[3];
@@ -131,7 +137,7 @@ TEST_F(Psd, ObjectiveMatrixIsStoredAsOneTriangle) {
   EXPECT_EQ(nr, 2);
   EXPECT_EQ(nc, 2);
   EXPECT_EQ(ind[0], 1);
-  EXPECT_EQ(v[0], 3.0);
+  EXPECT_EQ(v[0], 2.0);
   EXPECT_EQ(ind[1], 3);
   EXPECT_EQ(KLOsetmatattrelement(model, "PsdObj", 0, 1, 3, 3, pos, val),
             KLO_ERROR_INVALID_ARGUMENT);

@@ -180,7 +180,11 @@ TEST_F(SolveLp, UnsupportedFeaturesAreRefusedAndLoseNothing) {
     void (*add)(KLOmodel*);
   };
   const Case cases[] = {
-      {"PSD variables", [](KLOmodel* m) { ASSERT_EQ(KLOaddpsdvar(m, 2, "P"), KLO_OK); }},
+      {"PSD variables",
+       [](KLOmodel* m) {
+         ASSERT_EQ(KLOaddpsdvar(m, 2, "P"), KLO_OK);
+         ASSERT_EQ(KLOsetcharattrelement(m, "VType", 0, 'I'), KLO_OK);
+       }},
       {"indicator constraints",
        [](KLOmodel* m) {
          ASSERT_EQ(KLOaddvar(m, 0, nullptr, nullptr, 0, 0, 1, 'B', "b"), KLO_OK);

@@ -81,13 +81,13 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
        [](Problem& p) {
          p.psdVars.push_back({2, {}});
        },
-       ModelClass::SDP, "has PSD variables"},
+       ModelClass::SDP, "CSDP"},
       {"PSD with integers",
        [](Problem& p) {
          p.colType[0] = 'I';
          p.psdVars.push_back({2, {}});
        },
-       ModelClass::Other, "has PSD variables"},
+       ModelClass::Other, "has integer variables together with PSD variables"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);

@@ -16,7 +16,9 @@
 //    evaluations wait ran 3.7 s wall on a 0.5 s limit.  With
 //    setUseElapsedTime(true) on the Bab's CbcModel before the run it counts
 //    wall-clock time, checked between nodes only; an event handler passed
-//    to that model in the same way is kept.  One node can run long (strong
+//    to that model in the same way is kept (bonmin_events.h: it raises
+//    the MIP and MIPSOL callbacks; heuristics in setup.heuristics() are
+//    added to the search and deleted by the setup).  One node can run long (strong
 //    branching solves up to 2 x 20 relaxations): a 0.5 s limit ended after
 //    1.07 s.  So the relaxation Ipopt solves is our TMINLP2TNLP subclass
 //    (handed over through OsiTMINLPInterface::use, cloned with it), whose
@@ -55,7 +57,9 @@
 #include <mutex>
 
 #include "common/error.h"
+#include "engine/bonmin/bonmin_events.h"
 #include "engine/bonmin/quad_tminlp.h"
+#include "engine/cbc/cbc_hooks.h"
 #include "engine/coin/log_handler.h"
 #include "engine/engine.h"
 #include "engine/ipopt/ipopt_journal.h"
@@ -70,23 +74,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 std::mutex bonminMutex;  // one Bonmin solve at a time (see the quirks)
-
-// Stops the search at the next node once "MaxTime" is spent.  Cbc clones
-// it: the clones share the flag through a pointer.
-class WallClockStop : public CbcEventHandler {
- public:
-  WallClockStop(const Settings& s, bool& timeUp) : s_(&s), timeUp_(&timeUp) {}
-  CbcEventHandler* clone() const override { return new WallClockStop(*this); }
-  CbcAction event(CbcEvent which) override {
-    if (which != node || s_->timeLeft() > 0) return noAction;
-    *timeUp_ = true;
-    return stop;
-  }
-
- private:
-  const Settings* s_;
-  bool* timeUp_;
-};
 
 // The relaxation Ipopt solves, stopped between two of its iterations once
 // "MaxTime" is spent (Ipopt then reports a user stop to Bonmin).
@@ -115,12 +102,12 @@ class BonminRun {
  public:
   static constexpr const char* kName = "Bonmin";
   BonminRun(const Problem& p, const Settings& s, const Callback& cb)
-      : p_(p), s_(s), cb_(cb), nlp_(p), handler_(s.log, bonminLogLevel(s)), ipoptLog_(s) {
+      : p_(p), s_(s), nlp_(p), handler_(s.log, bonminLogLevel(s)), ipoptLog_(s), state_(p, s, cb) {
     ipoptLog_.logLevel = s.logLevel - 2;  // Ipopt's iterations at every node: level 3 and up
+    state_.ctx.lazyConstraints = false;   // no hook sees candidates before they are taken
   }
 
   Result run() {
-    if (cb_) logLine(s_, "Bonmin: the callback is not called (this engine has no hooks for it)");
     std::vector<double> lower, upper;
     integerBounds(p_, lower, upper);
     for (int j = 0; j < p_.numCols(); ++j)
@@ -157,9 +144,10 @@ class BonminRun {
       nlp.use(new ClockedTnlp(tminlp, s_, timeUp_));
       nlp.passInMessageHandler(&handler_);
       setup.initialize(nlp);
+      if (state_.callback) addProposals(setup);
       bab.model().setUseElapsedTime(true);
-      WallClockStop stop(s_, timeUp_);
-      bab.model().passInEventHandler(&stop);
+      BonminEvents events(state_, timeUp_);
+      bab.model().passInEventHandler(&events);
       bab(setup);
     } catch (Bonmin::TNLPSolver::UnsolvedError* e) {
       logLine(s_, "Bonmin: the continuous solver failed on a node (" + e->solverName() + ")");
@@ -170,6 +158,15 @@ class BonminRun {
       fail(KLO_ERROR_INTERNAL, "Bonmin: " + e.Message());
     }
     readResult(bab);
+  }
+
+  // The search takes the callback's solutions from a heuristic the setup
+  // owns (it deletes its heuristics).
+  void addProposals(Bonmin::BabSetupBase& setup) {
+    Bonmin::BabSetupBase::HeuristicMethod h;
+    h.id = "callback solutions";
+    h.heuristic = new ProposedSolutions(state_);
+    setup.heuristics().push_back(h);
   }
 
   void setOptions(Ipopt::OptionsList& o) const {
@@ -194,8 +191,10 @@ class BonminRun {
   void readResult(Bonmin::Bab& bab) {
     r_.status = status(bab);
     const double* best = bab.bestSolution();
-    if (best && r_.status != KLO_STATUS_INFEASIBLE && r_.status != KLO_STATUS_CUTOFF)
+    if (best && r_.status != KLO_STATUS_INFEASIBLE && r_.status != KLO_STATUS_CUTOFF) {
       readSolution(best);
+      readPool();
+    }
     r_.nodeCount = bab.numNodes();
     r_.barrierIterations = bab.iterationCount();
     readBound(bab.bestBound());
@@ -203,18 +202,29 @@ class BonminRun {
 
   // Integer columns to their integer (Bonmin accepted them within the
   // tolerance), the rest into their bounds (Ipopt relaxes bounds slightly).
-  void readSolution(const double* best) {
-    const int n = p_.numCols();
-    r_.hasSolution = true;
-    r_.x.assign(best, best + n);
-    for (int j = 0; j < n; ++j) {
-      double& v = r_.x[j];
-      if (p_.colType[j] == 'B' || p_.colType[j] == 'I') v = std::round(v);
-      v = std::min(std::max(v, p_.colLower[j]), p_.colUpper[j]);
+  std::vector<double> cleaned(const double* x) const {
+    std::vector<double> v(x, x + p_.numCols());
+    for (int j = 0; j < p_.numCols(); ++j) {
+      if (p_.colType[j] == 'B' || p_.colType[j] == 'I') v[j] = std::round(v[j]);
+      v[j] = std::min(std::max(v[j], p_.colLower[j]), p_.colUpper[j]);
     }
+    return v;
+  }
+
+  void readSolution(const double* best) {
+    r_.hasSolution = true;
+    r_.x = cleaned(best);
     r_.objective = objectiveOf(p_, r_.x.data());
     r_.activities = rowActivities(p_, r_.x.data());
-    r_.pool.push_back(PoolSolution{r_.objective, r_.x});
+  }
+
+  void readPool() {
+    std::vector<PoolSolution> earlier;
+    for (const PoolSolution& q : state_.incumbents) {
+      std::vector<double> x = cleaned(q.x.data());
+      earlier.push_back(PoolSolution{objectiveOf(p_, x.data()), std::move(x)});
+    }
+    fillPool(r_, earlier, s_.solutionPoolSize);
   }
 
   int status(Bonmin::Bab& bab) const {
@@ -229,6 +239,7 @@ class BonminRun {
       default: break;
     }
     if (outOfTime) return KLO_STATUS_TIME_LIMIT;
+    if (state_.stopRequested) return KLO_STATUS_INTERRUPTED;
     if (m.isNodeLimitReached()) return KLO_STATUS_NODE_LIMIT;
     if (m.isSolutionLimitReached()) return KLO_STATUS_SOLUTION_LIMIT;
     return KLO_STATUS_NUMERICAL;
@@ -250,10 +261,10 @@ class BonminRun {
 
   const Problem& p_;
   const Settings& s_;
-  const Callback& cb_;
   QuadNlp nlp_;
   SinkMessageHandler handler_;
   Settings ipoptLog_;  // s_ with the level Ipopt's journal gets
+  SearchState state_;
   bool timeUp_ = false;
   Result r_;
   Clock::time_point started_ = Clock::now();

@@ -229,7 +229,7 @@ class CbcRun {
       r_.x.assign(best, best + n);
       r_.objective = objectiveOf(p_, best);
       r_.activities = rowActivities(p_, best);
-      readPool();
+      fillPool(r_, state_.incumbents, s_.solutionPoolSize);
     }
     r_.status = status(m);
     r_.nodeCount = m.getNodeCount();
@@ -252,16 +252,6 @@ class CbcRun {
     if (!r_.hasSolution) return;
     r_.gapAbs = std::fabs(r_.objective - r_.dualObjective);
     r_.gapRel = r_.gapAbs / std::max(1e-10, std::fabs(r_.objective));
-  }
-
-  // The final solution, then the earlier incumbents, best first.
-  void readPool() {
-    r_.pool.push_back(PoolSolution{r_.objective, r_.x});
-    const auto& found = state_.incumbents;
-    for (auto it = found.rbegin(); it != found.rend(); ++it) {
-      if (static_cast<int>(r_.pool.size()) >= s_.solutionPoolSize) break;
-      if (it->x != r_.x) r_.pool.push_back(*it);
-    }
   }
 
   std::string summaryLine() const {

@@ -174,8 +174,8 @@ class QuadTnlp : public Ipopt::TNLP {
 
   // Called once per iteration (restoration phase included): the wall clock
   // and the user's callback may stop the run here.
-  bool intermediate_callback(Ipopt::AlgorithmMode, Index iter, Number, Number, Number, Number,
-                             Number, Number, Number, Number, Index, const Ipopt::IpoptData*,
+  bool intermediate_callback(Ipopt::AlgorithmMode, Index iter, Number objective, Number, Number,
+                             Number, Number, Number, Number, Number, Index, const Ipopt::IpoptData*,
                              Ipopt::IpoptCalculatedQuantities*) override {
     out_.iterations = std::max<long long>(out_.iterations, iter);
     if (s_.timeLeft() <= 0) {
@@ -185,6 +185,7 @@ class QuadTnlp : public Ipopt::TNLP {
     if (cb_) {
       ctx_.where = KLO_CB_BARRIER;
       ctx_.iterCount = iter;
+      ctx_.barrierPrimal = p_.sense * objective;  // Ipopt minimises sense * f
       if (cb_(ctx_) == KLO_CB_STOP) {
         out_.interrupted = true;
         return false;
