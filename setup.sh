@@ -7,7 +7,7 @@ PACKAGES="build-essential cmake pkg-config git ca-certificates
   coinor-libcoinutils-dev coinor-libclp-dev coinor-libcbc-dev coinor-libcgl-dev
   coinor-libosi-dev coinor-libipopt-dev libsdp-dev liblapack-dev libblas-dev
   zlib1g-dev libbz2-dev clang libclang-rt-14-dev
-  coinor-libbonmin-dev coinor-clp coinor-cbc"
+  coinor-libbonmin-dev coinor-clp coinor-cbc coinor-csdp"
 
 missing=""
 for p in $PACKAGES; do

@@ -652,8 +652,8 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  objectives within their "ObjNAbsTol"/"ObjNRelTol" of the value reached;
  *  "ObjVal" is then the value of objective 0, "ObjNVal" that of each
  *  objective, and "DualSoln", "RC", "DualObjVal" and the gaps are those of
- *  the last pass.  PSD variables and indicator constraints have no engine
- *  yet: KLO_ERROR_NOT_SUPPORTED, with the feature named by KLOgeterrormsg.
+ *  the last pass.  Indicator constraints have no engine yet:
+ *  KLO_ERROR_NOT_SUPPORTED, with the feature named by KLOgeterrormsg.
  *  Semi-continuous and semi-integer
  *  variables are solved by Cbc through a binary switch each, with an
  *  infinite bound taken as "MIP/LinearizationBigM"; the switches are not
@@ -736,6 +736,35 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  and KLO_CB_STOP stops; it raises no KLO_CB_MIPNODE (so no cuts or
  *  branching from a callback, and no lazy constraints) and takes no SOS
  *  sets or MIP starts.
+ *
+ *  Semidefinite models.  A model with PSD variables and continuous
+ *  variables, linear rows and PSD terms in rows and objective (no integers,
+ *  no quadratic parts) is solved by CSDP, a primal-dual interior-point
+ *  method, in the module libklo_csdp (loaded on the first such solve).
+ *  The model is handed over in block form: each PSD variable a matrix
+ *  block; each variable with a finite lower bound l as l + s (s >= 0, in
+ *  one diagonal block of nonnegative scalars), with only an upper bound u
+ *  as u - s, a free one as the difference of two, a finite upper bound
+ *  beside a lower one by one more row; each inequality row with a slack
+ *  scalar; a row without finite bounds is left out.  Results: "X", "PsdX",
+ *  "ObjVal", "DualObjVal", "DualSoln" (with the PSD terms' dual slack
+ *  matrices counted in the answer check), "RC", "Activity",
+ *  "IPM/NumIters"; no basis, no rays.  Statuses: KLO_STATUS_OPTIMAL (after
+ *  the check, which includes the smallest eigenvalue of each "PsdX" and of
+ *  each dual slack matrix), KLO_STATUS_INFEASIBLE and
+ *  KLO_STATUS_UNBOUNDED from the engine's certificates,
+ *  KLO_STATUS_SUBOPTIMAL for its "partial success" (a solution short of
+ *  full accuracy) or an answer that fails the check after a second run at
+ *  100 times tighter tolerances, KLO_STATUS_ITERATION_LIMIT,
+ *  KLO_STATUS_TIME_LIMIT, KLO_STATUS_INTERRUPTED, and KLO_STATUS_NUMERICAL
+ *  for its numerical failures (and for a claimed success whose primal and
+ *  dual objectives disagree, as on unbounded problems without an
+ *  improving direction).  It honours "MaxTime", "IPM/MaxIterations",
+ *  "IPM/PrimalTolerance", "IPM/DualTolerance" and "IPM/GapTolerance"
+ *  (relative, 1e-8 by default), and raises KLO_CB_BARRIER each iteration
+ *  with KLO_CBINFO_BARRIER_PRIMOBJ and KLO_CBINFO_BARRIER_DUALOBJ.
+ *  Its progress goes to the log, one line per iteration; nothing reaches
+ *  stdout, and no parameter file of the working directory is read.
  *
  *  Parameters honoured (LP: Clp; MIP: Cbc):
  *    "Method"                LP; the MIP's root relaxation uses Cbc's own choice

@@ -19,6 +19,7 @@ struct Instance {
   std::string name, kind, file;  // file: relative to instancesDir()
   int rows = 0, cols = 0, integers = 0;
   double objective = 0.0;
+  double reltol = 1e-6;  // how close the optimum must come (relative)
 
   bool mip() const { return kind == "MIP"; }
 };
@@ -47,6 +48,27 @@ inline std::vector<Instance> readIndex(const std::string& kind = "",
     if (f.size() != 7 || (!kind.empty() && f[1] != kind)) continue;
     out.push_back({f[0], f[1], prefix + f[2], std::stoi(f[3]), std::stoi(f[4]), std::stoi(f[5]),
                    std::stod(f[6])});
+  }
+  return out;
+}
+
+// The SDP instances (sdp/index.csv: name, kind (SDP, INFEASIBLE or
+// UNBOUNDED), file, constraints, size, objective, reltol); rows is the
+// number of constraints, cols the order of the block matrix.
+inline std::vector<Instance> readSdpIndex() {
+  std::vector<Instance> out;
+  std::ifstream in(instancesDir() + "/sdp/index.csv");
+  std::string line;
+  std::getline(in, line);  // header
+  while (std::getline(in, line)) {
+    std::stringstream ss(line);
+    std::vector<std::string> f;
+    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
+    f.resize(7);
+    Instance i{f[0], f[1], "sdp/" + f[2], std::atoi(f[3].c_str()), std::atoi(f[4].c_str())};
+    i.objective = std::atof(f[5].c_str());
+    if (!f[6].empty()) i.reltol = std::atof(f[6].c_str());
+    out.push_back(i);
   }
   return out;
 }

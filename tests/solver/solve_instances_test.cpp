@@ -50,5 +50,28 @@ TEST_P(SolveQp, ReachesThePublishedOptimum) {
 
 INSTANTIATE_TEST_SUITE_P(Solve, SolveQp, ::testing::ValuesIn(readIndex("QP", "qp")), instanceName);
 
+// The SDPLIB instances, read as "maximise tr(F0 Y) subject to tr(Fi Y) =
+// ci, Y >= 0": to the published optimum within the index's tolerance, or
+// found infeasible or unbounded.
+class SolveSdp : public SolveTest, public ::testing::WithParamInterface<Instance> {};
+
+TEST_P(SolveSdp, ReachesThePublishedAnswer) {
+  const Instance& inst = GetParam();
+  readInstance(inst.file);
+  optimize();
+  const int status = intAttr("Status");
+  if (inst.kind == "INFEASIBLE") {
+    EXPECT_EQ(status, KLO_STATUS_INFEASIBLE);
+  } else if (inst.kind == "UNBOUNDED") {
+    EXPECT_TRUE(status == KLO_STATUS_UNBOUNDED || status == KLO_STATUS_INF_OR_UNBD) << status;
+  } else {
+    ASSERT_EQ(status, KLO_STATUS_OPTIMAL);
+    EXPECT_NEAR(dbl("ObjVal"), inst.objective,
+                inst.reltol * std::max(1.0, std::fabs(inst.objective)));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Solve, SolveSdp, ::testing::ValuesIn(readSdpIndex()), instanceName);
+
 }  // namespace
 }  // namespace klotest
