@@ -646,7 +646,8 @@ int KLOread(KLOmodel* model, const char* filename);
  *  quadratic terms, variables in [0, infinity) of type 'C', every row an
  *  equality with a finite right-hand side and without quadratic terms, at
  *  least one row and one variable or PSD variable, no SOS or indicator
- *  constraints; they are written as the PSD variables' matrix blocks in
+ *  constraints, and no more variables than a file of its length may hold
+ *  (see KLOreadmodel); they are written as the PSD variables' matrix blocks in
  *  order and one diagonal block of all variables, without names.  A
  *  minimised model is written with its objective negated (SDPA
  *  maximises), so that it reads back as a maximised model with the same

@@ -7,11 +7,17 @@
 // so entries carry over unscaled.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "store/model_data.h"
 
 namespace klo {
+
+// The most variables the diagonal blocks of a file of textBytes may hold:
+// they cost memory but no bytes of the file, and a few bytes must not ask
+// for gigabytes.  The writer keeps to it too, so that what it writes reads.
+size_t sdpaDiagonalLimit(size_t textBytes);
 
 // Throws KLO_ERROR_FILE_OPEN, or KLO_ERROR_FILE_READ with the file and line.
 ModelData readSdpa(const std::string& path);

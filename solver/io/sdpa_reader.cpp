@@ -34,9 +34,6 @@ bool startsNumber(char c) { return (c >= '0' && c <= '9') || c == '+' || c == '-
 
 // Matrix blocks keep positions row * size + column in an int.
 constexpr int kMaxMatrixBlock = 46340;
-// Diagonal variables cost memory but no bytes of the file: a few bytes
-// must not ask for gigabytes.
-constexpr size_t kMinDiagonalLimit = size_t{1} << 20;
 
 class SdpaReader {
  public:
@@ -116,7 +113,7 @@ class SdpaReader {
     need("the block sizes");
     if (words_.size() != static_cast<size_t>(n))
       bad("expected " + std::to_string(n) + " block sizes, found " + quoted(line_));
-    size_t diagonal = 0, limit = std::max(kMinDiagonalLimit, text_.size());
+    size_t diagonal = 0, limit = sdpaDiagonalLimit(text_.size());
     for (std::string_view w : words_) {
       int s = integer(w);
       if (s == 0) bad("expected a block size other than 0, found " + quoted(w));
@@ -181,6 +178,8 @@ class SdpaReader {
 };
 
 }  // namespace
+
+size_t sdpaDiagonalLimit(size_t textBytes) { return std::max(size_t{1} << 20, textBytes); }
 
 ModelData readSdpa(const std::string& path) {
   const std::string text = readTextFile(path);

@@ -89,7 +89,12 @@ class SdpaWriter {
 void writeSdpa(const std::string& path, const ModelData& d) {
   if (const char* what = unsupported(d))
     fail(KLO_ERROR_NOT_SUPPORTED, "Cannot write \"" + path + "\": SDPA files cannot hold " + what);
-  writeTextFile(path, SdpaWriter(d).text());
+  std::string text = SdpaWriter(d).text();
+  if (static_cast<size_t>(d.numVars()) > sdpaDiagonalLimit(text.size()))
+    fail(KLO_ERROR_NOT_SUPPORTED, "Cannot write \"" + path + "\": " + std::to_string(d.numVars()) +
+                                      " variables are more than SDPA files of this length hold "
+                                      "(one per byte, or 2^20)");
+  writeTextFile(path, text);
 }
 
 }  // namespace klo

@@ -216,6 +216,11 @@ TEST_F(SdpaModel, OtherShapesAreRefusedAndNothingIsWritten) {
       {"integer", [](KLOmodel* m) { return KLOsetcharattrelement(m, "VType", 0, 'I'); }},
       {"objective constant", [](KLOmodel* m) { return KLOsetdblattr(m, "ObjCon", 1); }},
       {"quadratic objective", [&](KLOmodel* m) { return KLOaddqpterms(m, 1, &zero, &zero, &one); }},
+      {"more than SDPA files of this length hold",
+       [](KLOmodel* m) {
+         return KLOaddvars(m, 1 << 20, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                           nullptr, nullptr);
+       }},
       {"without rows", [](KLOmodel* m) {
          const int rows[] = {0, 1};
          return KLOdelconstrs(m, 2, rows);
