@@ -577,8 +577,8 @@ int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, 
  *  without end. */
 #define KLO_MAX_LINE_LENGTH (64 * 1024 * 1024)
 
-/** Reads a model file (".mps", ".qps" (an MPS file), ".lp", optionally
- *  ".gz" compressed) into a new model.  Every file the library reads
+/** Reads a model file (".mps", ".qps" (an MPS file), ".lp", ".dat-s" (an
+ *  SDPA sparse file), optionally ".gz" compressed) into a new model.  Every file the library reads
  *  (models, parameters, starts, bases, solutions) must be a file or a
  *  pipe: a directory or a device gives KLO_ERROR_FILE_OPEN.  A
  *  compressed file whose data or trailer (checksum, length) is damaged or
@@ -598,7 +598,33 @@ int KLOnewmodel(KLOenv* env, KLOmodel** modelP, const char* Pname, int numvars, 
  *  KLO_ERROR_FILE_READ with "file:line: what was expected, what was found"
  *  as the message; an MPS file that repeats a row name, or whose column
  *  entries are not all together, is malformed ("file:line: row "name"
- *  occurs twice"). */
+ *  occurs twice").
+ *
+ *  An SDPA sparse file is the semidefinite program  maximise tr(F0 Y)
+ *  subject to tr(Fi Y) = ci (i = 1..m), Y positive semidefinite and
+ *  block-diagonal; it becomes a maximised model ("ModelSense" -1) whose
+ *  matrix blocks (positive sizes) are PSD variables of that dimension, in
+ *  order, and whose diagonal blocks (negative sizes -s) are s variables in
+ *  [0, infinity) each, numbered in block order.  Row i is the equality
+ *  tr(Fi Y) = ci: the entries of Fi in a matrix block make that row's PSD
+ *  term for the block's variable, those in a diagonal block its linear
+ *  coefficients; F0 gives "PsdObj" and "Obj".  The file lists the upper
+ *  triangle of each block (row <= column, from 1), which is what the
+ *  library keeps, so entries are taken unscaled and the model's objective
+ *  is tr(F0 Y).  Comment lines starting with '"' or '*' may come first;
+ *  then mDIM, nBLOCK, the block sizes and the m numbers ci, each on a line
+ *  of its own, and one entry "matrix block row column value" a line, in
+ *  any order.  Numbers may be separated by blanks, commas, braces and
+ *  parentheses; after a line's numbers, a word that cannot start a number
+ *  begins a remark ("3 = mDIM").  Malformed, with the line: counts below 1
+ *  or not integers, a block size of 0 or a matrix block above 46340, a
+ *  c vector of the wrong length or with a value at or beyond 1e20, a file
+ *  that ends before its c vector, a matrix number outside 0..m, a block
+ *  number outside 1..nBLOCK, an index outside its block, an entry below
+ *  the diagonal, an off-diagonal entry in a diagonal block, a value that
+ *  is no finite number, and an entry given twice.  The diagonal blocks
+ *  together may hold at most 2^20 variables or one per byte of the file,
+ *  whichever is more. */
 int KLOreadmodel(KLOenv* env, const char* filename, KLOmodel** modelP);
 
 /** Deep, independent copy of a model and its environment; null on failure. */
@@ -608,12 +634,12 @@ KLOmodel* KLOcopymodel(KLOmodel* model);
 int KLOfreemodel(KLOmodel* model);
 
 /** Reads a file into an existing model, by its extension: ".prm"
- *  parameters, ".mst" start values, ".bas" basis, ".mps"/".qps"/".lp"
- *  (optionally ".gz") replaces the model's contents. */
+ *  parameters, ".mst" start values, ".bas" basis, ".mps"/".qps"/".lp"/
+ *  ".dat-s" (optionally ".gz") replaces the model's contents. */
 int KLOread(KLOmodel* model, const char* filename);
 
-/** Writes a file, by its extension: ".mps", ".qps" (MPS), ".lp" (optionally
- *  ".gz") the model, ".prm" parameters, ".mst" start values, ".sol" the
+/** Writes a file, by its extension: ".mps", ".qps" (MPS), ".lp", ".dat-s"
+ *  (SDPA; each optionally ".gz") the model, ".prm" parameters, ".mst" start values, ".sol" the
  *  solution, ".bas" the basis (MPS basis format).  Reading a model file back gives the
  *  same model.  Names that a format cannot hold (empty, repeated, with
  *  blanks or operator characters, or read as numbers or keywords in LP
@@ -621,8 +647,19 @@ int KLOread(KLOmodel* model, const char* filename);
  *  rows.  MPS cannot hold PSD rows or variables, indicators, semi-integer
  *  variables, several objectives or a row whose lower bound is above its
  *  upper one (quadratic rows go to QCMATRIX sections), LP files no PSD
- *  variables or several objectives:
- *  such models give KLO_ERROR_NOT_SUPPORTED.  ".sol" and ".bas" need a
+ *  variables or several objectives.  SDPA files hold the models that
+ *  KLOreadmodel reads from them: one objective without constant or
+ *  quadratic terms, variables in [0, infinity) of type 'C', every row an
+ *  equality with a finite right-hand side and without quadratic terms, at
+ *  least one row and one variable or PSD variable, no SOS or indicator
+ *  constraints, and no more variables than a file of its length may hold
+ *  (see KLOreadmodel); they are written as the PSD variables' matrix blocks in
+ *  order and one diagonal block of all variables, without names.  A
+ *  minimised model is written with its objective negated (SDPA
+ *  maximises), so that it reads back as a maximised model with the same
+ *  optimal points and the optimal value negated.  Models that a format
+ *  cannot hold give KLO_ERROR_NOT_SUPPORTED, naming the part, and no file
+ *  is written.  ".sol" and ".bas" need a
  *  solution or a basis (KLO_ERROR_DATA_NOT_AVAILABLE otherwise). */
 int KLOwrite(KLOmodel* model, const char* filename);
 

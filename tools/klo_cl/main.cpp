@@ -21,11 +21,12 @@ namespace {
 const char* const kUsage =
     "usage: klo_cl [Name=value ...] model-file\n"
     "\n"
-    "Reads an MPS (.mps, .qps) or LP model file (plain or .gz), solves it and prints a\n"
-    "summary.\n"
+    "Reads an MPS (.mps, .qps), LP (.lp) or SDPA (.dat-s) model file (plain or .gz),\n"
+    "solves it and prints a summary.\n"
     "Name=value sets a parameter (names in any letter case).\n"
     "ResultFile=file writes a result after the solve, by its extension: .sol\n"
-    "(solution), .mps, .qps or .lp (model), .mst (start), .prm (parameters), .bas (basis);\n"
+    "(solution), .mps, .qps, .lp or .dat-s (model), .mst (start), .prm (parameters), .bas\n"
+    "(basis);\n"
     "it may be given several times.\n";
 
 int fail(const std::string& what, const klo_cl::LibraryError& e) {

@@ -56,7 +56,9 @@ void printViolations(KLOmodel* model, std::ostream& out) {
 void printModelSize(KLOmodel* model, const std::string& file, std::ostream& out) {
   out << "Read " << file << ": " << intAttr(model, "NumConstrs") << " rows, "
       << intAttr(model, "NumVars") << " columns (" << intAttr(model, "NumIntVars") << " integer), "
-      << intAttr(model, "NumNZs") << " nonzeros\n";
+      << intAttr(model, "NumNZs") << " nonzeros";
+  if (int psd = intAttr(model, "NumPsdVars")) out << ", " << psd << " PSD variables";
+  out << "\n";
 }
 
 void printSummary(KLOmodel* model, std::ostream& out) {

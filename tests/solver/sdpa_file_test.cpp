@@ -1,0 +1,242 @@
+// SDPA files: a file becomes "maximise tr(F0 Y), tr(Fi Y) = ci, Y >= 0";
+// malformed ones are refused with their line, models of another shape are
+// not written, and writing then reading gives the same model.
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "model_snapshot.h"
+#include "psd_rows.h"
+#include "test_support.h"
+
+namespace klotest {
+namespace {
+
+using SdpaFiles = ModelTest;
+
+// Two constraints; a 2x2 matrix block and a diagonal block of two.
+constexpr const char* kSmall =
+    "\"a comment line\n"
+    "* and another\n"
+    "2 = mDIM\n"
+    "2 = nBLOCK\n"
+    "{2, -2}\n"
+    "{1.5, -3}\n"
+    "0 1 1 1 1\n"
+    "0 1 1 2 0.5\n"
+    "0 2 2 2 4\n"
+    "2 1 2 2 3\n"  // entries in any order
+    "1 1 1 1 2\n"
+    "1 2 1 1 -1\n"
+    "2 1 1 2 0.25\n"
+    "2 2 1 1 7\n"
+    "2 2 2 2 0\n";  // zeros are no terms
+
+TEST_F(SdpaFiles, ASmallFileBecomesTheModel) {
+  TempFile file(".dat-s");
+  file.write(kSmall);
+  ASSERT_EQ(KLOread(model, file.c_str()), KLO_OK) << modelError();
+  EXPECT_EQ(intAttr("ModelSense"), KLO_MAXIMIZE);
+  EXPECT_EQ(intAttr("NumVars"), 2);
+  EXPECT_EQ(intAttr("NumConstrs"), 2);
+  EXPECT_EQ(intAttr("NumPsdVars"), 1);
+  EXPECT_EQ(intAttr("NumPsdConstrs"), 2);
+  for (int j = 0; j < 2; ++j) {
+    EXPECT_EQ(dblAt("LB", j), 0);
+    EXPECT_EQ(dblAt("UB", j), KLO_INFINITY);
+  }
+  EXPECT_EQ(dblAt("Obj", 0), 0);
+  EXPECT_EQ(dblAt("Obj", 1), 4);
+  EXPECT_EQ(dblAt("LHS", 0), 1.5);
+  EXPECT_EQ(dblAt("RHS", 0), 1.5);
+  EXPECT_EQ(dblAt("LHS", 1), -3);
+  EXPECT_EQ(dblAt("RHS", 1), -3);
+  // Row 0: -1 x0; row 1: 7 x0 + 0 x1 (the zero is no entry).
+  int nz = 0, beg[2], cind[4];
+  double cval[4];
+  ASSERT_EQ(KLOgetconstrs(model, &nz, beg, cind, cval, 0, 2), KLO_OK);
+  ASSERT_EQ(nz, 2);
+  EXPECT_EQ(beg[1], 1);
+  EXPECT_EQ(cind[0], 0);
+  EXPECT_EQ(cval[0], -1);
+  EXPECT_EQ(cind[1], 0);
+  EXPECT_EQ(cval[1], 7);
+  // (1, 2) of the file is position 0 * 2 + 1, unscaled: both the file and
+  // the store mean the entry and its mirror.
+  int nnz = 0, nr = 0, nc = 0, ind[4];
+  double val[4];
+  ASSERT_EQ(KLOgetmatattrelement(model, "PsdObj", 0, &nnz, &nr, &nc, ind, val), KLO_OK);
+  ASSERT_EQ(nnz, 2);
+  EXPECT_EQ(ind[0], 0);
+  EXPECT_EQ(val[0], 1);
+  EXPECT_EQ(ind[1], 1);
+  EXPECT_EQ(val[1], 0.5);
+  EXPECT_EQ(psdRows(model), "row 0 psd 0: 0=2\nrow 1 psd 0: 1=0.25 3=3\n");
+}
+
+struct BadFile {
+  const char* text;
+  int line;
+  const char* says;  // in the message
+};
+
+// After the header "1, 2, {2 -2}, {1.5}", entries start on line 5.
+#define HEAD "1\n2\n2 -2\n1.5\n"
+const BadFile kBadFiles[] = {
+    {"", 1, "found the end of the file"},
+    {"\"only a comment\n", 1, "found the end of the file"},
+    {"0\n1\n2\n1\n", 1, "above 0"},
+    {"2.5\n1\n2\n1\n", 1, "expected an integer"},
+    {"1\n-1\n2\n1\n", 2, "above 0"},
+    {"1\n2\n2 0\n1\n", 3, "other than 0"},
+    {"1\n2\n2 1.5\n1\n", 3, "expected an integer"},
+    {"1\n2\n2\n1\n", 3, "expected 2 block sizes"},
+    {"1\n1\n50000\n1\n", 3, "above 46340"},
+    {"1\n1\n-2000000000\n1\n", 3, "diagonal blocks hold more than"},
+    {"1\n2\n2 -2\n", 3, "expected the c vector, found the end"},
+    {"2\n2\n2 -2\n1\n", 4, "expected a c vector of length 2"},
+    {"1\n2\n2 -2\nnan\n", 4, "expected a c vector of length 1"},
+    {"1\n2\n2 -2\n1e20\n", 4, "stands for infinity"},
+    {HEAD "2 1 1 1 1\n", 5, "matrix number from 0 to 1"},
+    {HEAD "1 3 1 1 1\n", 5, "block number from 1 to 2"},
+    {HEAD "1 0 1 1 1\n", 5, "block number from 1 to 2"},
+    {HEAD "1 1 1 3 1\n", 5, "column number from 1 to 2"},
+    {HEAD "1 2 0 0 1\n", 5, "row number from 1 to 2"},
+    {HEAD "1 1 2 1 1\n", 5, "below the diagonal"},
+    {HEAD "1 2 1 2 1\n", 5, "off the diagonal of diagonal block 2"},
+    {HEAD "1 1 1 1 abc\n", 5, "expected an entry"},
+    {HEAD "1 1 1 1 -inf\n", 5, "expected a number, found \"-inf\""},
+    {HEAD "1 1 1 1 1e400\n", 5, "expected a number"},
+    {HEAD "1 1 1 1 1 1\n", 5, "expected an entry"},
+    {HEAD "\"a late comment\n", 5, "expected an entry"},
+    {HEAD "1 1 1 2 1\n0 1 1 1 1\n1 1 1 2 3\n", 7, "second time (first on line 5)"},
+};
+#undef HEAD
+
+TEST_F(SdpaFiles, MalformedFilesAreRefusedWithTheirLine) {
+  addVars(1);
+  const std::string before = snapshot(model);
+  for (const BadFile& bad : kBadFiles) {
+    SCOPED_TRACE(bad.text);
+    TempFile file(".dat-s");
+    file.write(bad.text);
+    KLOmodel* m = nullptr;
+    EXPECT_EQ(KLOreadmodel(env, file.c_str(), &m), KLO_ERROR_FILE_READ);
+    EXPECT_EQ(m, nullptr);
+    EXPECT_NE(lastError().find(file.path() + ":" + std::to_string(bad.line) + ": "),
+              std::string::npos)
+        << lastError();
+    EXPECT_NE(lastError().find(bad.says), std::string::npos) << lastError();
+    EXPECT_EQ(KLOread(model, file.c_str()), KLO_ERROR_FILE_READ);
+    EXPECT_EQ(snapshot(model), before);
+  }
+}
+
+// Maximise with two PSD variables and three linear ones, every row an
+// equality: the shape SDPA holds.
+class SdpaModel : public ModelTest {
+ protected:
+  void SetUp() override {
+    ModelTest::SetUp();
+    const double obj[] = {1.5, 0, -2};
+    ASSERT_EQ(
+        KLOaddvars(model, 3, 0, nullptr, nullptr, nullptr, obj, nullptr, nullptr, nullptr, nullptr),
+        KLO_OK);
+    ASSERT_EQ(KLOaddpsdvar(model, 2, "X"), KLO_OK);
+    ASSERT_EQ(KLOaddpsdvar(model, 3, "Z"), KLO_OK);
+    const int oind[] = {0, 4, 8};
+    const double oval[] = {1, -0.125, 1e-9};
+    ASSERT_EQ(KLOsetmatattrelement(model, "PsdObj", 1, 3, 3, 3, oind, oval), KLO_OK);
+    const int cind[] = {0, 2};
+    const double cval[] = {1, 3};
+    const int psdvar[] = {1, 0}, mbeg[] = {0, 2, 3}, mind[] = {1, 5, 3};
+    const double mval[] = {0.5, 2, -1};
+    ASSERT_EQ(KLOaddrangepsdconstr(model, 2, cind, cval, 2, psdvar, mbeg, mind, mval, 4, 4, "a"),
+              KLO_OK);
+    ASSERT_EQ(KLOaddrangeconstr(model, 1, &cind[1], &cval[1], -1, -1, "b"), KLO_OK);
+    ASSERT_EQ(KLOsetintattr(model, "ModelSense", KLO_MAXIMIZE), KLO_OK);
+  }
+
+  // Written to a file of suffix and read back into a new model.
+  KLOmodel* writeAndRead(const std::string& suffix) {
+    TempFile file(suffix);
+    EXPECT_EQ(KLOwrite(model, file.c_str()), KLO_OK) << modelError();
+    KLOmodel* back = nullptr;
+    EXPECT_EQ(KLOreadmodel(env, file.c_str(), &back), KLO_OK) << lastError();
+    return back;
+  }
+};
+
+// SDPA holds no names.
+const SnapshotOptions kNoNames = {false, false};
+
+TEST_F(SdpaModel, WritingAndReadingGivesTheSameModel) {
+  for (const char* suffix : {".dat-s", ".dat-s.gz"}) {
+    SCOPED_TRACE(suffix);
+    KLOmodel* back = writeAndRead(suffix);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(snapshot(back, kNoNames), snapshot(model, kNoNames));
+    EXPECT_EQ(psdRows(back), psdRows(model));
+    KLOfreemodel(back);
+  }
+}
+
+TEST_F(SdpaModel, AMinimisedModelIsWrittenWithItsObjectiveNegated) {
+  ASSERT_EQ(KLOsetintattr(model, "ModelSense", KLO_MINIMIZE), KLO_OK);
+  KLOmodel* back = writeAndRead(".dat-s");
+  ASSERT_NE(back, nullptr);
+  int sense = 0, nnz = 0, nr = 0, nc = 0, ind[3];
+  double obj = 0, val[3];
+  ASSERT_EQ(KLOgetintattr(back, "ModelSense", &sense), KLO_OK);
+  EXPECT_EQ(sense, KLO_MAXIMIZE);
+  ASSERT_EQ(KLOgetdblattrelement(back, "Obj", 0, &obj), KLO_OK);
+  EXPECT_EQ(obj, -1.5);
+  ASSERT_EQ(KLOgetmatattrelement(back, "PsdObj", 1, &nnz, &nr, &nc, ind, val), KLO_OK);
+  ASSERT_EQ(nnz, 3);
+  EXPECT_EQ(val[1], 0.125);
+  EXPECT_EQ(psdRows(back), psdRows(model));
+  KLOfreemodel(back);
+}
+
+TEST_F(SdpaModel, OtherShapesAreRefusedAndNothingIsWritten) {
+  struct Change {
+    const char* says;
+    std::function<int(KLOmodel*)> apply;
+  };
+  const int zero = 0;
+  const double one = 1;
+  const Change changes[] = {
+      {"rows other than equalities",
+       [&](KLOmodel* m) { return KLOaddrangeconstr(m, 1, &zero, &one, -KLO_INFINITY, 2, "le"); }},
+      {"bounds other than [0, infinity)",
+       [](KLOmodel* m) { return KLOsetdblattrelement(m, "UB", 1, 5); }},
+      {"bounds other than [0, infinity)",
+       [](KLOmodel* m) { return KLOsetdblattrelement(m, "LB", 2, -KLO_INFINITY); }},
+      {"integer", [](KLOmodel* m) { return KLOsetcharattrelement(m, "VType", 0, 'I'); }},
+      {"objective constant", [](KLOmodel* m) { return KLOsetdblattr(m, "ObjCon", 1); }},
+      {"quadratic objective", [&](KLOmodel* m) { return KLOaddqpterms(m, 1, &zero, &zero, &one); }},
+      {"more than SDPA files of this length hold",
+       [](KLOmodel* m) {
+         return KLOaddvars(m, 1 << 20, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                           nullptr, nullptr);
+       }},
+      {"without rows", [](KLOmodel* m) {
+         const int rows[] = {0, 1};
+         return KLOdelconstrs(m, 2, rows);
+       }}};
+  for (const Change& c : changes) {
+    SCOPED_TRACE(c.says);
+    KLOmodel* m = KLOcopymodel(model);
+    ASSERT_EQ(c.apply(m), KLO_OK);
+    TempFile file(".dat-s");
+    EXPECT_EQ(KLOwrite(m, file.c_str()), KLO_ERROR_NOT_SUPPORTED);
+    EXPECT_NE(std::string(KLOgeterrormsg(KLOgetenv(m))).find(c.says), std::string::npos)
+        << KLOgeterrormsg(KLOgetenv(m));
+    EXPECT_FALSE(std::filesystem::exists(file.path()));
+    KLOfreemodel(m);
+  }
+}
+
+}  // namespace
+}  // namespace klotest
