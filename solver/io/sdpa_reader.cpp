@@ -88,7 +88,7 @@ class SdpaReader {
 
   int integer(std::string_view w) const {
     int v = 0;
-    if (w[0] == '+') w.remove_prefix(1);
+    if (w.size() > 1 && w[0] == '+' && w[1] != '-') w.remove_prefix(1);  // from_chars takes no '+'
     auto [end, ec] = std::from_chars(w.data(), w.data() + w.size(), v);
     if (ec != std::errc() || end != w.data() + w.size())
       bad("expected an integer, found " + quoted(w));

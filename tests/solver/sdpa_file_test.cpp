@@ -89,6 +89,7 @@ const BadFile kBadFiles[] = {
     {"0\n1\n2\n1\n", 1, "above 0"},
     {"2.5\n1\n2\n1\n", 1, "expected an integer"},
     {"1\n-1\n2\n1\n", 2, "above 0"},
+    {"1\n+-1\n2\n1\n", 2, "expected an integer"},
     {"1\n2\n2 0\n1\n", 3, "other than 0"},
     {"1\n2\n2 1.5\n1\n", 3, "expected an integer"},
     {"1\n2\n2\n1\n", 3, "expected 2 block sizes"},
