@@ -4,7 +4,7 @@ include(CMakePackageConfigHelpers)
 
 install(FILES include/klo_c.h include/klo_cpp.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 # The engines that klo loads at run time from its own folder (MIP, MINLP).
-install(TARGETS klo_cbc klo_bonmin klo_csdp LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(TARGETS klo_cbc klo_bonmin klo_csdp klo_ipopt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS klo_cpp klo EXPORT kloTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}

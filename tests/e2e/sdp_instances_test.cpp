@@ -46,7 +46,10 @@ TEST_P(E2eSdp, ReachesThePublishedAnswer) {
     EXPECT_EQ(status, inst.kind == "INFEASIBLE" ? KLO_STATUS_INFEASIBLE : KLO_STATUS_UNBOUNDED);
     return;
   }
-  ASSERT_EQ(status, KLO_STATUS_OPTIMAL);
+  // Roughly known optima (a loose published tolerance) may be suboptimal.
+  ASSERT_TRUE(status == KLO_STATUS_OPTIMAL ||
+              (inst.reltol > 1e-6 && status == KLO_STATUS_SUBOPTIMAL))
+      << status;
   const double obj = model.get(KLO_DoubleAttr_ObjVal);
   const double scale = std::max(1.0, std::fabs(inst.objective));
   EXPECT_NEAR(obj, inst.objective, inst.reltol * scale);

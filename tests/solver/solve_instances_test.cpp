@@ -52,7 +52,8 @@ INSTANTIATE_TEST_SUITE_P(Solve, SolveQp, ::testing::ValuesIn(readIndex("QP", "qp
 
 // The SDPLIB instances, read as "maximise tr(F0 Y) subject to tr(Fi Y) =
 // ci, Y >= 0": to the published optimum within the index's tolerance, or
-// found infeasible or unbounded.
+// found infeasible or unbounded.  Run with the whole suite, the largest
+// (thetaG11: about a minute) included.
 class SolveSdp : public SolveTest, public ::testing::WithParamInterface<Instance> {};
 
 TEST_P(SolveSdp, ReachesThePublishedAnswer) {
@@ -65,7 +66,12 @@ TEST_P(SolveSdp, ReachesThePublishedAnswer) {
   } else if (inst.kind == "UNBOUNDED") {
     EXPECT_TRUE(status == KLO_STATUS_UNBOUNDED || status == KLO_STATUS_INF_OR_UNBD) << status;
   } else {
-    ASSERT_EQ(status, KLO_STATUS_OPTIMAL);
+    // A loose published tolerance marks an instance whose optimum is known
+    // only roughly (no solver closes its gap): an answer that fails the
+    // check may be reported suboptimal there, never optimal.
+    const bool rough = inst.reltol > 1e-6;
+    ASSERT_TRUE(status == KLO_STATUS_OPTIMAL || (rough && status == KLO_STATUS_SUBOPTIMAL))
+        << status;
     EXPECT_NEAR(dbl("ObjVal"), inst.objective,
                 inst.reltol * std::max(1.0, std::fabs(inst.objective)));
   }

@@ -26,9 +26,13 @@
 //    objectives are far apart: on max 2 X01 s.t. X00 = 1 (unbounded, with
 //    no improving ray) it returned success with objectives 4.0e9 and
 //    2.0e9.  Success is taken only when the objectives agree.
+//  - It exits the process ("Storage allocation failed!") when malloc fails: the
+//    memory a problem needs is estimated first, and a problem beyond the
+//    machine is refused.
 //  - It needs linearly independent constraints: a repeated row makes its
 //    Schur complement singular (code 8, reported numerical).
 #include <csdp/declarations.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cmath>
@@ -37,6 +41,7 @@
 #include <deque>
 #include <mutex>
 
+#include "common/error.h"
 #include "common/status_text.h"
 #include "engine/engine.h"
 #include "engine/log.h"
@@ -173,6 +178,7 @@ class CsdpRun {
                       " has no terms left and bounds that exclude 0");
       return std::move(r_);
     }
+    checkMemory();
     {
       std::lock_guard<std::mutex> lock(csdpMutex);
       solve();
@@ -180,6 +186,24 @@ class CsdpRun {
     r_.solverTime = std::chrono::duration<double>(Clock::now() - started_).count();
     logLine(s_, summaryLine());
     return std::move(r_);
+  }
+
+  // CSDP keeps about a dozen dense copies of the block matrix and the
+  // dense m x m Schur complement (and exits the process when malloc
+  // fails): a problem that cannot fit in this machine's memory is refused.
+  void checkMemory() const {
+    double entries = 0;
+    for (int b = 0; b < static_cast<int>(form_.blockSizes.size()); ++b) {
+      const double n = form_.blockSizes[b];
+      entries += b == form_.diagonalBlock ? n : n * n;
+    }
+    const double m = static_cast<double>(form_.rhs.size());
+    const double need = 8.0 * (12 * entries + 2 * m * m);
+    const double have = static_cast<double>(sysconf(_SC_PHYS_PAGES)) * sysconf(_SC_PAGESIZE);
+    if (have > 0 && need > 0.8 * have)
+      fail(KLO_ERROR_OUT_OF_MEMORY, "CSDP would need about " + formatNumber(need / 1e9) +
+                                        " GB for this model, more than this machine's " +
+                                        formatNumber(have / 1e9) + " GB");
   }
 
   // CSDP's parameters, from the settings (initparams below).

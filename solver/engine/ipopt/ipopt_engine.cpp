@@ -355,16 +355,9 @@ class IpoptRun {
 
 }  // namespace
 
-EngineEntry ipoptEntry() {
-  Capabilities caps;
-  caps.features = kQuadObjective | kQuadRows;
-  caps.duals = true;
-  caps.local = true;  // an interior point stops at a local optimum
-  caps.parameters = {"MaxTime", "IPM/MaxIterations", "IPM/PrimalTolerance", "IPM/DualTolerance",
-                     "IPM/GapTolerance"};
-  return EngineEntry{IpoptRun::kName, caps, [] {
-                       return std::unique_ptr<Engine>(std::make_unique<RunEngine<IpoptRun>>());
-                     }};
-}
-
 }  // namespace klo::engine
+
+// The entry point through which the solver library loads this engine.
+extern "C" __attribute__((visibility("default"))) klo::engine::Engine* klo_new_ipopt_engine() {
+  return new klo::engine::RunEngine<klo::engine::IpoptRun>();
+}
