@@ -221,6 +221,13 @@ TEST_F(PsdModelling, BadMatricesAreRefusedAtTheCall) {
        [](KLOModel& m, KLOPsdVar X, KLOPsdVar) {
          m.addRangePsdConstr(KLOMatrix::dense(2, 2, {1, 2, 3, 1}) * X, 0, 1);
        }},
+      // Summed as given, (0,1) = 2 and (1,0) = 2 would pass as a whole
+      // matrix.
+      {"row where another term evens out the mirror entries", KLO_ERROR_INVALID_ARGUMENT,
+       [](KLOModel& m, KLOPsdVar X, KLOPsdVar) {
+         m.addPsdConstr(KLOMatrix::sparse(2, 2, {0, 1}, {1, 0}, {1, 2}) * X + unit(2, 0, 1) * X,
+                        '=', 1);
+       }},
       {"row with a NaN entry", KLO_ERROR_INVALID_ARGUMENT,
        [](KLOModel& m, KLOPsdVar X, KLOPsdVar) {
          m.addPsdConstr(KLOMatrix::sparse(2, 2, {0}, {1}, {std::nan("")}) * X, '<', 1);
