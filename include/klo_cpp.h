@@ -942,7 +942,8 @@ class KLOPsdExpr {
   KLOLinExpr getLinExpr() const;
   /// The linear part's value plus, for every term, the inner product of
   /// its matrix with the variable's "PsdX" (an off-diagonal entry counts
-  /// for itself and its mirror image).
+  /// for itself and its mirror image).  "PsdX" is read as its upper
+  /// triangle, so only upper-triangle entries of the matrices count.
   double getValue() const;
   /// Appends <M, X>; M is not checked.
   void addTerm(const KLOMatrix& M, KLOPsdVar X);
@@ -1322,8 +1323,10 @@ class KLOModel {
   /// one.
   void remove(KLOPsdVar X);
   /// expr sense rhs over linear and PSD terms.  Terms of one PSD variable
-  /// are merged by summing their matrices; a removed variable or PSD
-  /// variable raises -2003.  Returns the row's PSD handle.
+  /// are merged by summing their matrices, each first moved onto its upper
+  /// triangle as the library reads it (so terms written in either triangle,
+  /// or whole, add up); a removed variable or PSD variable raises -2003.
+  /// Returns the row's PSD handle.
   KLOPsdConstr addPsdConstr(const KLOPsdExpr& expr, char sense, double rhs,
                             const std::string& name = "");
   /// lower <= expr <= upper over linear and PSD terms.
@@ -1377,7 +1380,8 @@ class KLOModel {
   void setObjective(KLOVar x, int sense = 0);
   /// Quadratic terms are added one library call a term, as given.
   void setObjective(const KLOQuadExpr& expr, int sense = 0);
-  /// The PSD terms, merged per PSD variable, become "PsdObj".
+  /// The PSD terms, merged per PSD variable as in addPsdConstr, become
+  /// "PsdObj".
   void setObjective(const KLOPsdExpr& expr, int sense = 0);
   /// Sets objective index of a multi-objective model with its priority,
   /// weight, tolerances and name.  The library's refusal is not reported.

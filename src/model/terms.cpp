@@ -2,6 +2,7 @@
 
 #include "env/check.h"
 #include "klo_c.h"
+#include "model/upper_triangle.h"
 
 namespace klo_detail {
 
@@ -60,7 +61,15 @@ QuadTerms::QuadTerms(const KLOQuadExpr& q) {
 void mergePsdTerms(const KLOPsdExpr& P, std::vector<KLOMatrix>& matrices,
                    std::vector<KLOPsdVar>& vars) {
   for (int i = 0; i < P.size(); ++i) {
-    matrices.push_back(P.getCoeff(i));
+    KLOMatrix M = P.getCoeff(i);
+    if (!foldToUpper(M)) {
+      // The library refuses this matrix in any sum, with its own message;
+      // alone, no other term can mask what is wrong with it.
+      matrices.assign(1, M);
+      vars.assign(1, P.getPsdVar(i));
+      return;
+    }
+    matrices.push_back(M);
     vars.push_back(P.getPsdVar(i));
   }
   combineLikeTerms(matrices, vars);

@@ -180,6 +180,11 @@ const std::vector<BadCall> kCases = {
      }},
     {"PSD matrix of the wrong shape", KLO_ERROR_INVALID_ARGUMENT,
      [](KLOmodel* m) { return KLOsetmatattrelement(m, "PsdObj", 0, 2, 3, 3, kInd2, kVal2); }},
+    {"PSD objective whose mirror entries differ", KLO_ERROR_INVALID_ARGUMENT,
+     [](KLOmodel* m) {
+       const int mirrored[] = {1, 2};  // (0,1) and (1,0) of a 2 x 2 matrix
+       return KLOsetmatattrelement(m, "PsdObj", 0, 2, 2, 2, mirrored, kVal2);
+     }},
 };
 
 TEST_F(BadInput, EveryCaseHasItsCodeAMessageAndChangesNothing) {

@@ -48,6 +48,8 @@ TEST_F(SpecialRows, QuadraticRowReadsBackItsOwnRow) {
   EXPECT_EQ(thrown([&] { rows->getQCRow(Access::qconstrs(*rows)[0]); }).getErrorCode(), -2003);
 }
 
+// The matrices of X are summed, the entry (1, 0) moved to its mirror
+// position 1 in the upper triangle.
 TEST_F(SpecialRows, PsdRowsSumMatricesPerVariable) {
   KLOPsdExpr P = KLOMatrix::sparse(2, 2, {0}, {0}, {1.0}) * X + 2 * x + 3;
   P += KLOMatrix::sparse(2, 2, {1}, {0}, {4.0}) * X;
@@ -55,7 +57,7 @@ TEST_F(SpecialRows, PsdRowsSumMatricesPerVariable) {
   const KLOPsdConstr c = model->addPsdConstr(P, '>', 5.0, "p");
   model->addRangePsdConstr(KLOPsdExpr(x + 1), -1e20, 2.0);
   EXPECT_EQ(klo_fake::strs(),
-            (Calls{"KLOaddrangepsdconstr(ptr, 1, [0], [2], 1, [0], [0, 2], [0, 2], [1, 4], 2, "
+            (Calls{"KLOaddrangepsdconstr(ptr, 1, [0], [2], 1, [0], [0, 2], [0, 1], [1, 4], 2, "
                    "1e+20, \"p\")",
                    "KLOaddrangepsdconstr(ptr, 1, [0], [1], 0, null, [0], null, null, -1e+20, 1, "
                    "\"\")"}));
