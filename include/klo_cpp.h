@@ -1325,7 +1325,8 @@ class KLOModel {
   /// expr sense rhs over linear and PSD terms.  Terms of one PSD variable
   /// are merged by summing their matrices, each first moved onto its upper
   /// triangle as the library reads it (so terms written in either triangle,
-  /// or whole, add up); a removed variable or PSD variable raises -2003.
+  /// or whole, add up; a variable's only matrix goes as given); a removed
+  /// variable or PSD variable raises -2003.
   /// Returns the row's PSD handle.
   KLOPsdConstr addPsdConstr(const KLOPsdExpr& expr, char sense, double rhs,
                             const std::string& name = "");

@@ -28,4 +28,11 @@ std::string searchSummary(const char* kind, const Result& r, const char* iterati
          iterationKind + " iterations in " + formatNumber(r.solverTime) + " s";
 }
 
+std::string interiorSummary(const char* kind, const Result& r, const char* iterationKind) {
+  std::string line = std::string(kind) + " " + statusText(r.status);
+  if (r.hasSolution) line += ", objective " + formatNumber(r.objective);
+  return line + "; " + std::to_string(r.barrierIterations) + " " + iterationKind +
+         " iterations in " + formatNumber(r.solverTime) + " s";
+}
+
 }  // namespace klo::engine

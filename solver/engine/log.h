@@ -20,4 +20,8 @@ std::string formatNumber(double v);
 std::string searchSummary(const char* kind, const Result& r, const char* iterationKind,
                           long long iterations);
 
+// The closing line of an interior-point run: "<kind> <status>, objective
+// ..; N <iterationKind> iterations in T s".
+std::string interiorSummary(const char* kind, const Result& r, const char* iterationKind);
+
 }  // namespace klo::engine

@@ -58,11 +58,23 @@ QuadTerms::QuadTerms(const KLOQuadExpr& q) {
   val = std::move(coeffs);
 }
 
+namespace {
+
+// Whether term i of P shares its PSD variable with another term.
+bool sharesItsVariable(const KLOPsdExpr& P, int i) {
+  for (int k = 0; k < P.size(); ++k)
+    if (k != i && P.getPsdVar(k).sameAs(P.getPsdVar(i))) return true;
+  return false;
+}
+
+}  // namespace
+
 void mergePsdTerms(const KLOPsdExpr& P, std::vector<KLOMatrix>& matrices,
                    std::vector<KLOPsdVar>& vars) {
   for (int i = 0; i < P.size(); ++i) {
     KLOMatrix M = P.getCoeff(i);
-    if (!foldToUpper(M)) {
+    // A matrix summed with others is first read as the library reads it.
+    if (sharesItsVariable(P, i) && !foldToUpper(M)) {
       // The library refuses this matrix in any sum, with its own message;
       // alone, no other term can mask what is wrong with it.
       matrices.assign(1, M);

@@ -47,10 +47,11 @@ struct QuadTerms {
 };
 
 // The PSD terms of P merged per PSD variable (matrices summed, ascending
-// index), into matrices and vars.  Each matrix is first moved onto its
-// upper triangle (upper_triangle.h), so that terms written in either
-// triangle, or whole, add up as the library reads them one by one; a
-// matrix the library would refuse comes out alone, as it was given.
+// index), into matrices and vars.  The matrices of a variable with several
+// terms are first moved onto their upper triangle (upper_triangle.h), so
+// that terms written in either triangle, or whole, add up as the library
+// reads them one by one; a matrix the library would refuse comes out
+// alone, as it was given.  A variable's only matrix goes as given.
 void mergePsdTerms(const KLOPsdExpr& P, std::vector<KLOMatrix>& matrices,
                    std::vector<KLOPsdVar>& vars);
 

@@ -2,8 +2,6 @@
 // ("constraints" rows; "size" the PSD dimensions and linear variables
 // together, the sum of the file's block sizes) and is written and read
 // back to the same model.
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -14,25 +12,6 @@
 
 namespace klotest {
 namespace {
-
-struct SdpInstance {
-  std::string name, file;
-  int constraints = 0, size = 0;  // 0: not listed (the infeasible and unbounded ones)
-};
-
-std::vector<SdpInstance> sdpIndex() {
-  std::vector<SdpInstance> out;
-  std::ifstream in(instancesDir() + "/sdp/index.csv");
-  std::string line;
-  std::getline(in, line);  // header
-  while (std::getline(in, line)) {
-    std::stringstream ss(line);
-    std::vector<std::string> f;
-    for (std::string cell; std::getline(ss, cell, ',');) f.push_back(cell);
-    if (f.size() >= 5) out.push_back({f[0], "sdp/" + f[2], std::stoi(f[3]), std::stoi(f[4])});
-  }
-  return out;
-}
 
 int intAttrOf(KLOmodel* m, const char* name) {
   int v = -1;
@@ -54,16 +33,16 @@ int size(KLOmodel* m) {
 using SdpaInstances = EnvTest;
 
 TEST_F(SdpaInstances, EachReadsWithItsCountsAndRoundTrips) {
-  const std::vector<SdpInstance> all = sdpIndex();
+  const std::vector<Instance> all = readSdpIndex();
   ASSERT_EQ(all.size(), 24u) << "sdp/index.csv not found in " << instancesDir();
-  for (const SdpInstance& inst : all) {
+  for (const Instance& inst : all) {
     SCOPED_TRACE(inst.name);
     KLOmodel* m = nullptr;
     ASSERT_EQ(KLOreadmodel(env, (instancesDir() + "/" + inst.file).c_str(), &m), KLO_OK)
         << lastError();
-    if (inst.constraints > 0) {
-      EXPECT_EQ(intAttrOf(m, "NumConstrs"), inst.constraints);
-      EXPECT_EQ(size(m), inst.size);
+    if (inst.rows > 0) {  // 0: not listed (the infeasible and unbounded ones)
+      EXPECT_EQ(intAttrOf(m, "NumConstrs"), inst.rows);
+      EXPECT_EQ(size(m), inst.cols);
     }
     TempFile file(".dat-s");
     ASSERT_EQ(KLOwrite(m, file.c_str()), KLO_OK) << KLOgeterrormsg(KLOgetenv(m));

@@ -307,12 +307,7 @@ class CsdpRun {
     logLine(s_, buf);
   }
 
-  std::string summaryLine() const {
-    std::string line = std::string("SDP ") + statusText(r_.status);
-    if (r_.hasSolution) line += ", objective " + formatNumber(r_.objective);
-    return line + "; " + std::to_string(r_.barrierIterations) + " interior-point iterations in " +
-           formatNumber(r_.solverTime) + " s";
-  }
+  std::string summaryLine() const { return interiorSummary("SDP", r_, "interior-point"); }
 
   const Problem& p_;
   const Settings& s_;

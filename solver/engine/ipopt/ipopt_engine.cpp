@@ -336,12 +336,7 @@ class IpoptRun {
     }
   }
 
-  std::string summaryLine() const {
-    std::string line = std::string("QCP ") + statusText(r_.status);
-    if (r_.hasSolution) line += ", objective " + formatNumber(r_.objective);
-    return line + "; " + std::to_string(r_.barrierIterations) + " barrier iterations in " +
-           formatNumber(r_.solverTime) + " s";
-  }
+  std::string summaryLine() const { return interiorSummary("QCP", r_, "barrier"); }
 
   const Problem& p_;
   const Settings& s_;
