@@ -753,7 +753,9 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  positive and a >= row's negative semidefinite, a row with two finite
  *  bounds linear; rows of cone form (sum of squares <= t^2, or <= t*u, with
  *  t, u >= 0) count as convex.  Each coupled block of terms is checked by
- *  its eigenvalues, allowing 1e-5 of the largest below 0.  A quadratic
+ *  its eigenvalues, allowing 1e-5 of the largest below 0; a block of more
+ *  than 4000 columns passes when diagonally dominant and is otherwise
+ *  refused as too large to check (KLO_ERROR_NOT_SUPPORTED).  A quadratic
  *  objective over linear rows is solved by Clp's barrier (with presolve);
  *  an answer failing the check falls back to Clp's primal QP method at
  *  tolerances 100 times tighter, then to Ipopt, and the first that passes

@@ -4,8 +4,10 @@
 #include <cmath>
 #include <map>
 #include <numeric>
+#include <string>
 #include <vector>
 
+#include "common/error.h"
 #include "klo_c.h"
 #include "solve/eigenvalues.h"
 
@@ -115,10 +117,41 @@ std::map<int, double> linearPart(const engine::Problem& p, int r) {
 
 }  // namespace
 
+// Blocks of more columns are not made dense (k^2 doubles of memory, k^3
+// work): they pass when diagonally dominant and are refused otherwise.
+constexpr size_t kDenseLimit = 4000;
+
+// Gershgorin: a symmetric matrix whose every diagonal entry is at least
+// the sum of its row's off-diagonal magnitudes is positive semidefinite.
+bool diagonallyDominant(const engine::QuadTerms& q, const std::vector<int>& columns, int sign) {
+  std::map<int, double> margin;
+  for (int j : columns) margin[j] = 0.0;
+  for (int t = 0; t < q.size(); ++t) {
+    auto r = margin.find(q.row[t]), c = margin.find(q.col[t]);
+    if (r == margin.end() || c == margin.end()) continue;
+    if (r == c) {
+      r->second += sign * q.val[t];
+    } else {
+      r->second -= std::fabs(q.val[t]) / 2;  // the term is two entries of v / 2
+      c->second -= std::fabs(q.val[t]) / 2;
+    }
+  }
+  return std::all_of(margin.begin(), margin.end(), [](const auto& m) { return m.second >= 0; });
+}
+
 bool semidefinite(const engine::QuadTerms& q, int sign) {
-  for (const std::vector<int>& columns : Blocks(q).list())
+  for (const std::vector<int>& columns : Blocks(q).list()) {
+    if (columns.size() > kDenseLimit) {
+      if (diagonallyDominant(q, columns, sign)) continue;
+      fail(KLO_ERROR_NOT_SUPPORTED,
+           "a block of " + std::to_string(columns.size()) +
+               " coupled columns of quadratic terms is too large to check for convexity (more "
+               "than " +
+               std::to_string(kDenseLimit) + " and not diagonally dominant)");
+    }
     if (!positiveSemidefinite(denseBlock(q, columns, sign), static_cast<int>(columns.size())))
       return false;
+  }
   return true;
 }
 

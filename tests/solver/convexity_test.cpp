@@ -188,6 +188,29 @@ TEST(Convexity, DenseBlocksAreFactorisedWithATolerance) {
   EXPECT_FALSE(klo::semidefinite(shifted, 1));
 }
 
+// A chain of 10000 coupled columns is never made dense: the smoothing
+// matrix (2 on the diagonal, -1 beside it) passes as diagonally dominant;
+// one that is not is refused as too large to check, not factorised.
+TEST(Convexity, LargeBlocksAreNotMadeDense) {
+  const int n = 10000;
+  QuadTerms smooth, weak;
+  for (int i = 0; i < n; ++i) {
+    for (QuadTerms* q : {&smooth, &weak})
+      q->row.push_back(i), q->col.push_back(i), q->val.push_back(q == &smooth ? 2 : 0.5);
+    if (i + 1 < n)
+      for (QuadTerms* q : {&smooth, &weak})
+        q->row.push_back(i), q->col.push_back(i + 1), q->val.push_back(-2);  // -x_i x_{i+1} twice
+  }
+  EXPECT_TRUE(klo::semidefinite(smooth, 1));
+  try {
+    klo::semidefinite(weak, 1);
+    ADD_FAILURE() << "accepted";
+  } catch (const klo::Error& e) {
+    EXPECT_EQ(e.code, KLO_ERROR_NOT_SUPPORTED);
+    EXPECT_NE(e.message.find("too large to check"), std::string::npos) << e.message;
+  }
+}
+
 TEST(Convexity, RefusalNamesThePartUnlessALocalAnswerIsAskedFor) {
   Problem p = threeColumns();
   row(p, -kInf, 4, {0, 0, 0}, {{0, 1}, {0, 1}, {1, 1}});
