@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <tuple>
 
@@ -197,6 +198,10 @@ TEST(Csdp, CallbackSeesIterationsAndStops) {
   ASSERT_EQ(seen.size(), static_cast<size_t>(r.barrierIterations));
   EXPECT_NEAR(seen.back().first, std::sqrt(5.0), 1e-5);
   EXPECT_NEAR(seen.back().second, std::sqrt(5.0), 1e-5);
+  // An exception from the callback comes out of the solve, not through
+  // CSDP's C frames.
+  Callback throws = [](CallbackContext&) -> int { throw std::runtime_error("from the callback"); };
+  EXPECT_THROW(solveSdp(thetaOfPentagon(), throws), std::runtime_error);
   Callback stop = [](CallbackContext& ctx) { return ctx.iterCount == 3 ? KLO_CB_STOP : 0; };
   r = solveSdp(thetaOfPentagon(), stop);
   EXPECT_EQ(r.status, KLO_STATUS_INTERRUPTED);

@@ -39,6 +39,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
+#include <exception>
 #include <mutex>
 
 #include "common/error.h"
@@ -215,8 +216,19 @@ class CsdpRun {
   }
 
   // Each iteration (user_exit below): the progress line and the callback;
-  // true stops the run.
+  // true stops the run.  Nothing may unwind through CSDP's C frames: an
+  // exception stops the run and is thrown again once CSDP has returned.
   bool iteration(double pobj, double dobj) {
+    try {
+      return iterationUnguarded(pobj, dobj);
+    } catch (...) {
+      pending_ = std::current_exception();
+      return true;
+    }
+  }
+
+ private:
+  bool iterationUnguarded(double pobj, double dobj) {
     ++r_.barrierIterations;
     const double primal = form_.modelObjective(pobj), dual = form_.modelObjective(dobj);
     progress(primal, dual);
@@ -229,7 +241,6 @@ class CsdpRun {
     return cb_(ctx_) == KLO_CB_STOP;
   }
 
- private:
   void solve() {
     CsdpData data(form_);
     blockmatrix X{}, Z{};
@@ -247,6 +258,7 @@ class CsdpRun {
     free_mat(X);
     free_mat(Z);
     free(y);
+    if (pending_) std::rethrow_exception(pending_);
   }
 
   // Success means objectives that agree (see the quirks).
@@ -316,6 +328,7 @@ class CsdpRun {
   CallbackContext ctx_;
   Result r_;
   bool timeUp_ = false;
+  std::exception_ptr pending_;  // thrown inside an iteration
   Clock::time_point started_ = Clock::now();
 };
 
