@@ -31,7 +31,7 @@ wall_time() {
   awk -v a="$start" -v b="$end" 'BEGIN { print b - a }'
 }
 
-median() { sort -g | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'; }
+. "$(dirname "$0")/timing.sh"
 
 # Median wall time of repeats runs of "$@", the runs alternating with the
 # other programs' through the files given in $times.

@@ -18,14 +18,7 @@ command -v clp >/dev/null || { echo "clp is needed (./setup.sh installs it)" >&2
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Seconds of one run of "$@", its output kept in $work/out.
-run_timed() {
-  start=$(date +%s.%N)
-  timeout 600 "$@" >"$work/out" 2>&1 || true
-  end=$(date +%s.%N)
-  awk -v a="$start" -v b="$end" 'BEGIN { print b - a }'
-}
-median() { sort -g | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'; }
+. "$(dirname "$0")/timing.sh"
 # 1 when the objective in $work/out is the published one.
 right() {
   obj=$(sed -n "$1" "$work/out" | tail -n 1)

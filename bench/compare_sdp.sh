@@ -19,14 +19,8 @@ command -v csdp >/dev/null || { echo "csdp is needed (./setup.sh installs it)" >
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Seconds of one run of "$@", its output kept in $work/out.
-run_timed() {
-  start=$(date +%s.%N)
-  timeout 900 "$@" >"$work/out" 2>&1 || true
-  end=$(date +%s.%N)
-  awk -v a="$start" -v b="$end" 'BEGIN { print b - a }'
-}
-median() { sort -g | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'; }
+. "$(dirname "$0")/timing.sh"
+run_limit=900
 # 1 when the objective $1 is within relative $3 of the published $2.
 near() {
   awk -v o="$1" -v w="$2" -v t="$3" 'BEGIN { s = (w < 0 ? -w : w); s = s < 1 ? 1 : s; d = o - w

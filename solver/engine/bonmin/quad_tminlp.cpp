@@ -90,23 +90,13 @@ bool QuadTminlp::eval_g(Index, const Number* x, bool, Index, Number* g) {
 
 bool QuadTminlp::eval_jac_g(Index, const Number* x, bool, Index, Index, Index* rows, Index* cols,
                             Number* values) {
-  if (!values) {
-    std::copy(nlp_.jacobianRows().begin(), nlp_.jacobianRows().end(), rows);
-    std::copy(nlp_.jacobianCols().begin(), nlp_.jacobianCols().end(), cols);
-  } else {
-    nlp_.jacobian(x, values);
-  }
+  nlp_.jacobianCall(x, rows, cols, values);
   return true;
 }
 
 bool QuadTminlp::eval_h(Index, const Number*, bool, Number objFactor, Index, const Number* lambda,
                         bool, Index, Index* rows, Index* cols, Number* values) {
-  if (!values) {
-    std::copy(nlp_.hessianRows().begin(), nlp_.hessianRows().end(), rows);
-    std::copy(nlp_.hessianCols().begin(), nlp_.hessianCols().end(), cols);
-  } else {
-    nlp_.hessian(objFactor, lambda, values);
-  }
+  nlp_.hessianCall(objFactor, lambda, rows, cols, values);
   return true;
 }
 

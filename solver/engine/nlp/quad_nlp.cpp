@@ -187,4 +187,17 @@ std::vector<double> QuadNlp::reducedCosts(const double* x, const std::vector<dou
   return d;
 }
 
+void QuadNlp::jacobianCall(const double* x, int* rows, int* cols, double* values) const {
+  if (values) return jacobian(x, values);
+  std::copy(jacRow_.begin(), jacRow_.end(), rows);
+  std::copy(jacCol_.begin(), jacCol_.end(), cols);
+}
+
+void QuadNlp::hessianCall(double objFactor, const double* lambda, int* rows, int* cols,
+                          double* values) const {
+  if (values) return hessian(objFactor, lambda, values);
+  std::copy(hesRow_.begin(), hesRow_.end(), rows);
+  std::copy(hesCol_.begin(), hesCol_.end(), cols);
+}
+
 }  // namespace klo::engine

@@ -57,6 +57,12 @@ class QuadNlp {
   // be null: no row terms).
   void hessian(double objFactor, const double* lambda, double* values) const;
 
+  // The two-mode calls of Ipopt's interfaces: the structure into rows and
+  // cols when values is null, else the values.
+  void jacobianCall(const double* x, int* rows, int* cols, double* values) const;
+  void hessianCall(double objFactor, const double* lambda, int* rows, int* cols,
+                   double* values) const;
+
   // A starting point: the start value where the problem gives one (within
   // the column's bounds), else 0 moved into the bounds.
   std::vector<double> startPoint() const;
