@@ -9,7 +9,7 @@
 
 #include "common/error.h"
 #include "klo_c.h"
-#include "solve/eigenvalues.h"
+#include "common/eigenvalues.h"
 
 extern "C" void dpotrf_(const char* uplo, const int* n, double* a, const int* lda, int* info);
 

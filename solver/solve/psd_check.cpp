@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "solve/eigenvalues.h"
+#include "common/eigenvalues.h"
 
 namespace klo {
 namespace {

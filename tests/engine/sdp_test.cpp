@@ -162,6 +162,41 @@ TEST(Csdp, InfeasibleAndUnbounded) {
   EXPECT_EQ(solveSdp(rayless.problem()).status, KLO_STATUS_NUMERICAL);
 }
 
+// Without constraints (here a row with no terms, which packs to none) the
+// engine itself is not run: X = 0 is optimal when the costs are PSD, and
+// otherwise the objective is unbounded.
+TEST(Csdp, NoConstraints) {
+  struct Case {
+    const char* name;
+    ProblemBuilder::Entries cost;
+    double colCost, colLower, colUpper;
+    int status;
+    double objective;
+  };
+  const std::vector<Case> cases{
+      {"no costs", {}, 0, 0, kInf, KLO_STATUS_OPTIMAL, 0},
+      {"trace", {{0, 0, 1}, {1, 1, 1}}, 0, 0, kInf, KLO_STATUS_OPTIMAL, 0},
+      {"singular PSD cost", {{0, 0, 1}, {0, 1, 1}, {1, 1, 1}}, 0, 0, kInf, KLO_STATUS_OPTIMAL, 0},
+      {"column at its bound", {{0, 0, 1}}, 2, 1, kInf, KLO_STATUS_OPTIMAL, 2},
+      {"indefinite cost", {{0, 0, 1}, {1, 1, -1}}, 0, 0, kInf, KLO_STATUS_UNBOUNDED, 0},
+      {"off-diagonal cost", {{0, 1, 1}}, 0, 0, kInf, KLO_STATUS_UNBOUNDED, 0},
+      {"column without lower bound", {}, 1, -kInf, 0, KLO_STATUS_UNBOUNDED, 0}};
+  for (const Case& c : cases) {
+    ProblemBuilder b;
+    b.psdVar(2, c.cost);
+    b.col(c.colCost, c.colLower, c.colUpper);
+    b.row({}, 0, 0);
+    const Problem p = b.problem();
+    const Result r = solveSdp(p);
+    ASSERT_EQ(r.status, c.status) << c.name;
+    if (c.status != KLO_STATUS_OPTIMAL) continue;
+    EXPECT_DOUBLE_EQ(r.objective, c.objective) << c.name;
+    EXPECT_DOUBLE_EQ(r.dualObjective, c.objective) << c.name;
+    EXPECT_EQ(r.psdX[0], std::vector<double>(4, 0.0)) << c.name;
+    EXPECT_EQ(r.x[0], c.colLower) << c.name;
+  }
+}
+
 // A param.csdp in the working directory (asking for output and one
 // iteration) changes nothing, and nothing reaches stdout.
 TEST(Csdp, IgnoresParameterFilesAndPrintsNothing) {

@@ -29,11 +29,16 @@
 //  - It exits the process ("Storage allocation failed!") when malloc fails: the
 //    memory a problem needs is estimated first, and a problem beyond the
 //    machine is refused.
+//  - It also exits on input its checks reject (no constraints, an empty
+//    constraint, a repeated entry, an off-diagonal entry in a diagonal
+//    block): the packing never makes the last three, and a problem with
+//    no constraints is decided here without it.
 //  - It needs linearly independent constraints: a repeated row makes its
 //    Schur complement singular (code 8, reported numerical).
 #include <csdp/declarations.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -42,6 +47,7 @@
 #include <exception>
 #include <mutex>
 
+#include "common/eigenvalues.h"
 #include "common/error.h"
 #include "common/status_text.h"
 #include "engine/engine.h"
@@ -180,7 +186,9 @@ class CsdpRun {
       return std::move(r_);
     }
     checkMemory();
-    {
+    if (form_.rhs.empty()) {
+      solveUnconstrained();
+    } else {
       std::lock_guard<std::mutex> lock(csdpMutex);
       solve();
     }
@@ -288,10 +296,53 @@ class CsdpRun {
       const blockrec& b = X.blocks[form_.diagonalBlock + 1];
       diagonal.assign(b.data.vec + 1, b.data.vec + 1 + b.blocksize);
     }
+    std::vector<std::vector<double>> psd;
+    for (size_t k = 0; k < p_.psdVars.size(); ++k) psd.push_back(matrix(X.blocks[k + 1]));
+    keepSolution(diagonal, std::move(psd), std::vector<double>(y + 1, y + 1 + form_.rhs.size()),
+                 dobj);
+  }
+
+  // CSDP exits the process on a problem without constraints.  Without any,
+  // the blocks are independent: Y = 0 is optimal when C is negative
+  // semidefinite (the form maximises <C, Y>); otherwise <C, Y> grows without
+  // bound along an eigenvector of a positive eigenvalue.
+  void solveUnconstrained() {
+    const int blocks = static_cast<int>(form_.blockSizes.size());
+    std::vector<std::vector<double>> dense(blocks);
+    double scale = 1.0;
+    for (const SdpEntry& e : form_.objective) scale = std::max(scale, std::fabs(e.val));
+    const double tol = 1e-9 * scale;
+    r_.status = KLO_STATUS_OPTIMAL;
+    for (const SdpEntry& e : form_.objective) {
+      if (e.block == form_.diagonalBlock) {
+        if (e.val > tol) r_.status = KLO_STATUS_UNBOUNDED;
+        continue;
+      }
+      const size_t n = form_.blockSizes[e.block];
+      dense[e.block].resize(n * n, 0.0);
+      dense[e.block][e.i * n + e.j] = dense[e.block][e.j * n + e.i] = e.val;
+    }
+    for (int b = 0; b < blocks && r_.status == KLO_STATUS_OPTIMAL; ++b) {
+      if (dense[b].empty()) continue;
+      const std::vector<double> eig = symmetricEigenvalues(dense[b], form_.blockSizes[b]);
+      if (eig.empty()) r_.status = KLO_STATUS_NUMERICAL;
+      else if (eig.back() > tol) r_.status = KLO_STATUS_UNBOUNDED;
+    }
+    logLine(s_, "SDP: no constraints; the objective decides alone (" +
+                    std::string(statusText(r_.status)) + ")");
+    if (r_.status != KLO_STATUS_OPTIMAL) return;
+    std::vector<std::vector<double>> zero;
+    for (const PsdVar& v : p_.psdVars) zero.emplace_back(static_cast<size_t>(v.dim) * v.dim, 0.0);
+    const int scalars = form_.diagonalBlock >= 0 ? form_.blockSizes[form_.diagonalBlock] : 0;
+    keepSolution(std::vector<double>(scalars, 0.0), std::move(zero), {}, 0.0);
+  }
+
+  void keepSolution(const std::vector<double>& diagonal, std::vector<std::vector<double>> psd,
+                    const std::vector<double>& y, double dobj) {
     r_.hasSolution = true;
     r_.x = unpackColumns(form_, diagonal);
-    for (size_t k = 0; k < p_.psdVars.size(); ++k) r_.psdX.push_back(matrix(X.blocks[k + 1]));
-    r_.duals = unpackDuals(form_, std::vector<double>(y + 1, y + 1 + form_.rhs.size()));
+    r_.psdX = std::move(psd);
+    r_.duals = unpackDuals(form_, y);
     const std::vector<double> aty = transposeTimes(p_, r_.duals);
     r_.reducedCosts.resize(p_.numCols());
     for (int j = 0; j < p_.numCols(); ++j) r_.reducedCosts[j] = p_.obj[j] - aty[j];

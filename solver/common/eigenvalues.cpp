@@ -1,4 +1,4 @@
-#include "solve/eigenvalues.h"
+#include "common/eigenvalues.h"
 
 #include <algorithm>
 
