@@ -194,6 +194,29 @@ TEST_P(Callbacks, BranchRequestsChooseTheColumn) {
   EXPECT_EQ(bounds[1], std::make_pair(1.0, 1.0));
 }
 
+// A branch asked at every fractional node, hundreds of them (flugpl), keeps
+// the search sound: the optimum is the one found without requests.
+TEST_P(Callbacks, BranchAtEveryFractionalNode) {
+  Problem p = readInstance("flugpl");
+  int asked = 0;
+  Callback cb = [&](CallbackContext& ctx) {
+    const double* rel = nullptr;
+    if (ctx.where != KLO_CB_MIPNODE ||
+        callbackGet(ctx, KLO_CB_MIPNODE, KLO_CBINFO_NODEREL_IDX, &rel) != KLO_OK || !rel)
+      return 0;
+    for (int j = 0; j < ctx.numVars; ++j)
+      if (p.colType[j] != KLO_CONTINUOUS && std::fabs(rel[j] - std::round(rel[j])) > 1e-6) {
+        if (callbackBranch(ctx, j, rel[j], asked % 2 ? 1 : -1) == KLO_OK) ++asked;
+        break;
+      }
+    return 0;
+  };
+  Result r = solve(p, quietSettings(), cb);
+  ASSERT_EQ(r.status, KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(r.objective, 1201500, 1e-6 * 1201500);
+  EXPECT_GE(asked, 200);
+}
+
 TEST_P(Callbacks, InformationOutsideItsLocationIsRefused) {
   Problem p = knapsack();
   std::vector<int> codes;

@@ -4,6 +4,7 @@
 // Cbc's own integer branching object.
 #pragma once
 
+#include <CbcBranchDynamic.hpp>
 #include <CbcObject.hpp>
 
 namespace klo::engine {
@@ -27,6 +28,19 @@ class RequestedBranch : public CbcObject {
 
  private:
   BranchRequest* request_;
+};
+
+// Cbc's dynamic branch decision, safe where Cbc calls it without a current
+// node: when a node's branch choice is made again (strong branching fixed
+// a column), the search has already cleared its current node, which the
+// rule reads once a solution exists (a null read in betterBranch,
+// reached on stein27 with a branch request at every node).  There the
+// rule for searches without a solution decides instead.
+class NodeSafeDecision : public CbcBranchDynamicDecision {
+ public:
+  CbcBranchDecision* clone() const override { return new NodeSafeDecision(*this); }
+  int betterBranch(CbcBranchingObject* thisOne, CbcBranchingObject* bestSoFar, double changeUp,
+                   int numInfUp, double changeDown, int numInfDown) override;
 };
 
 }  // namespace klo::engine

@@ -18,10 +18,14 @@
 //    are turned back here (SearchState::toModel).
 //  - Cut generators and incumbents see the preprocessed columns, so with a
 //    user callback preprocessing is off and the search runs on one thread.
-//  - On small problems branchAndBound solves deep subtrees inside Clp
-//    (fast node depth, set inside the search, out of reach of options):
-//    cut generators and event handlers, hence node callbacks, do not see
-//    those nodes; the node count includes them.
+//  - On small problems (columns + rows < 500) CbcMain1 sets a fast node
+//    depth of -12 after its stage-3 hook: deep subtrees are solved inside
+//    Clp, unseen by cut generators and event handlers, hence by node
+//    callbacks.  There a branch that our own object asks for makes the
+//    dynamic branch decision read a null current node (SIGSEGV in
+//    CbcBranchDynamicDecision::betterBranch after a few hundred requests
+//    on stein27).  With a user callback the hook sets -999, which CbcMain1
+//    turns into -1 (off): every node is then a node of the search.
 //  - Lazy constraints need a long list of settings at once (allowLazyRows,
 //    OsiBabSolver(4), preprocessing off, our generator called at
 //    solutions, killSolution for violating candidates); any one missing
@@ -57,6 +61,7 @@
 #include <mutex>
 
 #include "engine/cbc/cbc_arguments.h"
+#include "engine/cbc/cbc_branching.h"
 #include "engine/cbc/cbc_hooks.h"
 #include "engine/coin/coin_problem.h"
 #include "engine/coin/log_handler.h"
@@ -106,6 +111,13 @@ class CbcRun {
   static int beforeSearch(CbcModel* model, int whereFrom) {
     if (whereFrom == 1) current->firstLpSeconds_ = model->getCurrentSeconds();
     if (whereFrom == 3) current->limitSearchTime(*model);
+    // With a callback: every node in the search, and branch requests that
+    // do not crash it (see the quirks).
+    if (whereFrom == 3 && current->cb_) {
+      model->setFastNodeDepth(-999);
+      NodeSafeDecision decision;
+      model->setBranchingMethod(decision);  // Cbc keeps a clone
+    }
     return 0;
   }
   static int beforeLazySearch(CbcModel* model, int whereFrom) {

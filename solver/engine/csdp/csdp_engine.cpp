@@ -325,8 +325,10 @@ class CsdpRun {
     for (int b = 0; b < blocks && r_.status == KLO_STATUS_OPTIMAL; ++b) {
       if (dense[b].empty()) continue;
       const std::vector<double> eig = symmetricEigenvalues(dense[b], form_.blockSizes[b]);
-      if (eig.empty()) r_.status = KLO_STATUS_NUMERICAL;
-      else if (eig.back() > tol) r_.status = KLO_STATUS_UNBOUNDED;
+      if (eig.empty())
+        r_.status = KLO_STATUS_NUMERICAL;
+      else if (eig.back() > tol)
+        r_.status = KLO_STATUS_UNBOUNDED;
     }
     logLine(s_, "SDP: no constraints; the objective decides alone (" +
                     std::string(statusText(r_.status)) + ")");
