@@ -125,6 +125,9 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_ERROR_CALLBACK_INFO -5001   /**< "Unknown callback information code" */
 #define KLO_ERROR_NOT_IN_CALLBACK -5002 /**< "Called outside a running callback" */
 #define KLO_ERROR_CALLBACK_WHERE -5003  /**< "Not available at this callback location" */
+/** "The callback threw an exception": recorded (with the exception's text
+ *  when it has one) when KLOoptimize throws again what the callback threw */
+#define KLO_ERROR_CALLBACK_EXCEPTION -5004
 
 /* Positive refusals of the callback submission functions */
 /** "The proposed solution is infeasible and was not used" */
@@ -852,6 +855,12 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  effect at the next of the other locations).  KLO_CB_POLLING and
  *  KLO_CB_PRESOLVE are not raised.  With a callback the MIP runs without
  *  preprocessing, so that the callback sees the model's own columns.
+ *  A C++ exception thrown by the callback function stops the solve as a
+ *  stop would (status KLO_STATUS_INTERRUPTED, the best solution kept; the
+ *  engines never see the exception); once the results are stored,
+ *  KLOoptimize throws that same exception to its caller, with
+ *  KLO_ERROR_CALLBACK_EXCEPTION and the exception's text recorded as the
+ *  environment's last error.
  *  During the solve the model is busy: changing, freeing or solving it
  *  from its callback gives KLO_ERROR_BUSY.  A failed KLOoptimize leaves
  *  the model, and the results of an earlier solve, as they were. */
@@ -1168,7 +1177,10 @@ int KLOcbsolution(void* cbdata, const double* solution, double* objP);
 /** The same, for the index-based callback. */
 int KLOcbsolutionp(void* cbdata, const double* solution, double* objP);
 
-/** Adds the cut  sum cutval x[cutind]  cutsense  cutrhs  at KLO_CB_MIPNODE. */
+/** Adds the cut  sum cutval x[cutind]  cutsense  cutrhs  at KLO_CB_MIPNODE,
+ *  or a lazy constraint at KLO_CB_MIPSOL when "MIP/EnableLazyConstr" is 1
+ *  (without it the result there is KLO_CB_IGNORED and the search goes on);
+ *  elsewhere KLO_ERROR_CALLBACK_WHERE. */
 int KLOcbcut(void* cbdata, int cutlen, const int* cutind, const double* cutval, char cutsense,
              double cutrhs);
 /** The same, for the index-based callback. */

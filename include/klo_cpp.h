@@ -1434,8 +1434,9 @@ class KLOModel {
 /// A solution proposed with setSolution is submitted when callback()
 /// returns (or earlier by useSolution); slots not set keep the marker
 /// KLO_CB_NOVALUE, which the library completes.  abort() stops the solve
-/// when callback() returns.  An exception thrown by callback() leaves
-/// through the library's call.
+/// when callback() returns.  An exception thrown by callback() stops the
+/// solve (status interrupted, the best solution kept) and then leaves
+/// optimize() as itself.
 class KLOCallback {
  public:
   /// Fills a fresh proposal and marks "no value" in getSolution.
@@ -1455,6 +1456,9 @@ class KLOCallback {
   /// A double information code: 300-302, 316 and 317 and the integer
   /// ones above.  Any other code raises -5001.
   double getDoubleInfo(int what);
+  /// The text of a text information code: 305, the log line at
+  /// KLO_CB_MESSAGE.  Any other code raises -5001.
+  std::string getStringInfo(int what);
   /// v's value in the new incumbent (where-code KLO_CB_MIPSOL), or
   /// KLO_CB_NOVALUE when the library offers none here.
   double getSolution(KLOVar v);

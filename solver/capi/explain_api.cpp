@@ -44,6 +44,7 @@ const CodeText kTexts[] = {
     {KLO_ERROR_CALLBACK_INFO, "Unknown callback information code"},
     {KLO_ERROR_NOT_IN_CALLBACK, "Called outside a running callback"},
     {KLO_ERROR_CALLBACK_WHERE, "Not available at this callback location"},
+    {KLO_ERROR_CALLBACK_EXCEPTION, "The callback threw an exception"},
     {KLO_CB_REJECTED, "The proposed solution is infeasible and was not used"},
     {KLO_CB_NOT_IMPROVING, "The proposed solution is not better than the incumbent"},
     {KLO_CB_IGNORED, "The request cannot be used at this point of the search"},

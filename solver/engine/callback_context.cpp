@@ -115,8 +115,11 @@ int callbackCut(CallbackContext& c, int len, const int* ind, const double* val, 
                 double rhs) {
   if (len < 0 || std::isnan(rhs)) return KLO_ERROR_INVALID_ARGUMENT;
   if (len > 0 && (!ind || !val)) return KLO_ERROR_NULL_ARGUMENT;
-  const bool lazy = c.lazyConstraints && c.where == KLO_CB_MIPSOL;
-  if (!c.actions || (c.where != KLO_CB_MIPNODE && !lazy)) return KLO_ERROR_CALLBACK_WHERE;
+  if (!c.actions || (c.where != KLO_CB_MIPNODE && c.where != KLO_CB_MIPSOL))
+    return KLO_ERROR_CALLBACK_WHERE;
+  // An incumbent can only be cut off as a lazy constraint: without them
+  // the cut is refused and the search goes on.
+  if (c.where == KLO_CB_MIPSOL && !c.lazyConstraints) return KLO_CB_IGNORED;
   for (int k = 0; k < len; ++k) {
     if (ind[k] < 0 || ind[k] >= c.numVars) return KLO_ERROR_INVALID_VAR;
     if (!std::isfinite(val[k])) return KLO_ERROR_INVALID_ARGUMENT;

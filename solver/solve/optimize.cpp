@@ -1,6 +1,7 @@
 #include "solve/optimize.h"
 
 #include <chrono>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -33,7 +34,8 @@ void optimize(KLOmodel& m) {
   engine::Problem p = problemFromModel(m.data);
   engine::Settings s = settingsFromParams(m.env);
   s.started = started;  // building the problem counts against "MaxTime" too
-  engine::Callback cb = userCallback(m);
+  auto thrown = std::make_shared<std::exception_ptr>();
+  engine::Callback cb = userCallback(m, thrown);
   relayMessages(m.data, m.env.params.getInt("OutputFlag") != 0, s, cb);
   std::vector<Switch> switches =
       switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
@@ -45,6 +47,7 @@ void optimize(KLOmodel& m) {
   trimResult(r, m.data.numVars(), m.data.numRows());
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
   storeResult(m, std::move(r), seconds.count());
+  if (*thrown) throw CallbackThrew{*thrown};
 }
 
 }  // namespace klo

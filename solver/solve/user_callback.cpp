@@ -1,5 +1,7 @@
 #include "solve/user_callback.h"
 
+#include "klo_c.h"
+
 namespace klo {
 namespace {
 
@@ -21,14 +23,20 @@ class Running {
 
 }  // namespace
 
-engine::Callback userCallback(KLOmodel& m) {
+engine::Callback userCallback(KLOmodel& m, std::shared_ptr<std::exception_ptr> thrown) {
   if (!m.callback) return {};
   KLOcallbackfn fn = m.callback;
   const void* user = m.callbackData;
   KLOmodel* model = &m;
-  return [fn, user, model](engine::CallbackContext& ctx) {
+  return [fn, user, model, thrown](engine::CallbackContext& ctx) {
+    if (*thrown) return KLO_CB_STOP;
     Running scope(&ctx);
-    return fn(model, &ctx, ctx.where, user);
+    try {
+      return fn(model, &ctx, ctx.where, user);
+    } catch (...) {
+      *thrown = std::current_exception();
+      return KLO_CB_STOP;
+    }
   };
 }
 

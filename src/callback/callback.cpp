@@ -2,6 +2,7 @@
 // callback's operations.
 #include <algorithm>
 #include <memory>
+#include <string>
 
 #include "callback/info_codes.h"
 #include "env/check.h"
@@ -17,6 +18,7 @@ namespace {
 constexpr int kNumVars = 200;
 constexpr int kSolution = 316;
 constexpr int kNodeRel = 317;
+constexpr int kMessageText = 305;
 constexpr int kStop = 11;
 constexpr int kNothingProposed = 1000;
 
@@ -82,6 +84,13 @@ double KLOCallback::getDoubleInfo(int what) {
   double value = 0.0;
   check(KLOcbget(cbdata, where, what, &value));
   return value;
+}
+
+std::string KLOCallback::getStringInfo(int what) {
+  if (what != kMessageText) klo_detail::raise(KLO_ERROR_CALLBACK_INFO);
+  const char* text = nullptr;
+  check(KLOcbget(cbdata, where, what, &text));
+  return text ? text : "";
 }
 
 double KLOCallback::columnValue(int what, int index) {

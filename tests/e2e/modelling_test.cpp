@@ -6,8 +6,11 @@
 #include <cmath>
 #include <memory>
 #include <sstream>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
+#include "klo_c.h"
 #include "klo_cpp.h"
 
 namespace {
@@ -148,21 +151,89 @@ class StopAtFirstIncumbent : public KLOCallback {
   }
 };
 
-TEST_F(Modelling, CallbackRunsInsideTheSearchAndCanStopIt) {
-  KLOVar items[6];
-  KLOLinExpr weight, value;
-  for (int i = 0; i < 6; ++i) {
-    items[i] = model->addVar(0, 1, 0, 'B');
-    weight += (3.0 + i) * items[i];
-    value += (4.0 + 2 * i % 5) * items[i];
+class Knapsack : public Modelling {
+ protected:
+  void SetUp() override {
+    Modelling::SetUp();
+    KLOLinExpr weight, value;
+    for (int i = 0; i < 6; ++i) {
+      items[i] = model->addVar(0, 1, 0, 'B');
+      weight += (3.0 + i) * items[i];
+      value += (4.0 + 2 * i % 5) * items[i];
+    }
+    model->addConstr(weight <= 14);
+    model->setObjective(value, -1);
   }
-  model->addConstr(weight <= 14);
-  model->setObjective(value, -1);
+  KLOVar items[6];
+};
+
+TEST_F(Knapsack, CallbackRunsInsideTheSearchAndCanStopIt) {
   StopAtFirstIncumbent cb;
   model->setCallback(&cb);
   solve();
   EXPECT_GT(cb.calls, 0);
   EXPECT_LE(cb.incumbents, 1);
+}
+
+// Whatever a callback throws stops the search and leaves optimize() as
+// itself, with the incumbent kept.
+template <class E>
+class ThrowAtIncumbent : public KLOCallback {
+ public:
+  explicit ThrowAtIncumbent(E e) : e_(std::move(e)) {}
+  void callback() override {
+    if (where == KLO_CB_MIPSOL) throw e_;
+  }
+
+ private:
+  E e_;
+};
+
+TEST_F(Knapsack, ExceptionsFromTheCallbackReachTheCaller) {
+  ThrowAtIncumbent<KLOException> own(KLOException("mine", -777));
+  model->setCallback(&own);
+  try {
+    model->optimize();
+    ADD_FAILURE() << "no exception";
+  } catch (const KLOException& e) {
+    EXPECT_EQ(e.getErrorCode(), -777);
+    EXPECT_EQ(e.getMessage(), "mine");
+  }
+  EXPECT_EQ(model->get(KLO_IntAttr_Status), KLO_STATUS_INTERRUPTED);
+  ThrowAtIncumbent<std::runtime_error> std(std::runtime_error("theirs"));
+  model->setCallback(&std);
+  EXPECT_THROW(model->optimize(), std::runtime_error);
+  model->setCallback(nullptr);
+  solve();  // the model is not left busy
+  EXPECT_EQ(model->get(KLO_IntAttr_Status), KLO_STATUS_OPTIMAL);
+}
+
+// A cut at an incumbent without lazy constraints is refused with a code
+// and the search goes on; log lines are readable as text.
+class CutAtIncumbentAndReadLog : public KLOCallback {
+ public:
+  std::vector<int> cutCodes;
+  std::vector<std::string> lines;
+  KLOVar v;
+  void callback() override {
+    if (where == KLO_CB_MIPSOL) cutCodes.push_back(addCut(1.0 * v, '<', 0));
+    if (where == KLO_CB_MESSAGE) lines.push_back(getStringInfo(KLO_CBINFO_MSG_STRING));
+  }
+};
+
+TEST_F(Knapsack, RefusedCutsAndLogText) {
+  model->set(KLO_IntParam_OutputFlag, 1);
+  model->set(KLO_IntParam_LogToConsole, 0);
+  CutAtIncumbentAndReadLog cb;
+  cb.v = items[0];
+  model->setCallback(&cb);
+  solve();
+  EXPECT_EQ(model->get(KLO_IntAttr_Status), KLO_STATUS_OPTIMAL);
+  ASSERT_FALSE(cb.cutCodes.empty());
+  for (int code : cb.cutCodes) EXPECT_EQ(code, KLO_CB_IGNORED);
+  ASSERT_FALSE(cb.lines.empty());
+  EXPECT_NE(cb.lines.back(), "");
+  EXPECT_THROW(cb.getStringInfo(KLO_CBINFO_NUMVARS), KLOException);
 }
 
 }  // namespace
