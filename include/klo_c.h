@@ -263,6 +263,10 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_CBINFO_BARRIER_PRIMOBJ 318
 /** double: dual objective of the current interior-point iterate (KLO_CB_BARRIER, SDP engine) */
 #define KLO_CBINFO_BARRIER_DUALOBJ 319
+/** int: columns that presolve removed (KLO_CB_PRESOLVE) */
+#define KLO_CBINFO_PRE_COLDEL 320
+/** int: rows that presolve removed (KLO_CB_PRESOLVE) */
+#define KLO_CBINFO_PRE_ROWDEL 321
 /* The index variant (codes 303, 304 and the *p functions) addresses the
  * same columns as the model. */
 
@@ -852,8 +856,14 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  solver are not all seen) and KLO_CB_MESSAGE (each line the engines write
  *  to the log, KLO_CBINFO_MSG_STRING; raised whenever "OutputFlag" is 1,
  *  even with "LogToConsole" 0 and no "LogFile"; a stop asked there takes
- *  effect at the next of the other locations).  KLO_CB_POLLING and
- *  KLO_CB_PRESOLVE are not raised.  With a callback the MIP runs without
+ *  effect at the next of the other locations), KLO_CB_PRESOLVE (once
+ *  per LP or MIP engine run, when its presolve is done, with
+ *  KLO_CBINFO_PRE_COLDEL and KLO_CBINFO_PRE_ROWDEL; 0 and 0 when presolve
+ *  is off or, for a MIP with a callback, not run) and KLO_CB_POLLING (from
+ *  a thread of the library's own, every 0.05 s while the solve runs, with
+ *  only the counts and KLO_CBINFO_RUNTIME to read).  Calls of the function
+ *  never overlap, whichever thread makes them.  A stop asked anywhere
+ *  (polling included) reaches the engine at its next callback location.  With a callback the MIP runs without
  *  preprocessing, so that the callback sees the model's own columns.
  *  A C++ exception thrown by the callback function stops the solve as a
  *  stop would (status KLO_STATUS_INTERRUPTED, the best solution kept; the

@@ -88,6 +88,11 @@ int callbackGet(const CallbackContext& c, int where, int what, void* result) {
       return KLO_ERROR_CALLBACK_WHERE;
     return putDouble(result, v);
   }
+  if (what == KLO_CBINFO_PRE_COLDEL || what == KLO_CBINFO_PRE_ROWDEL) {
+    if (where != c.where || c.where != KLO_CB_PRESOLVE) return KLO_ERROR_CALLBACK_WHERE;
+    return putInt(result,
+                  what == KLO_CBINFO_PRE_COLDEL ? c.presolveColsRemoved : c.presolveRowsRemoved);
+  }
   if (what == KLO_CBINFO_MSG_STRING)
     return where == c.where && c.message ? putArray(result, c.message) : KLO_ERROR_CALLBACK_WHERE;
   const bool solutionCode = what == KLO_CBINFO_SOLUTION_IDX || what == KLO_CBINFO_SOLUTION;

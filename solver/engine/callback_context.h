@@ -44,6 +44,9 @@ struct CallbackContext {
   // KLO_CB_BARRIER: the iterate's objectives (NaN where not known).
   double barrierPrimal = std::nan("");
   double barrierDual = std::nan("");
+  // KLO_CB_PRESOLVE: what presolve removed.
+  int presolveColsRemoved = 0;
+  int presolveRowsRemoved = 0;
 
   // Arrays in the model's column numbering, null when not available here.
   const double* solution = nullptr;        // KLO_CB_MIPSOL: the new incumbent
@@ -65,6 +68,17 @@ struct CallbackContext {
 
 // The user's function: returns KLO_CB_STOP (11) to stop the solve, 0 to go on.
 using Callback = std::function<int(CallbackContext& ctx)>;
+
+// Raises KLO_CB_PRESOLVE on ctx with what presolve removed; true when the
+// callback asks to stop.
+// Inline: the engines' modules call it and do not link this file.
+inline bool raisePresolve(const Callback& cb, CallbackContext& ctx, int colsRemoved,
+                          int rowsRemoved) {
+  ctx.where = KLO_CB_PRESOLVE;
+  ctx.presolveColsRemoved = colsRemoved;
+  ctx.presolveRowsRemoved = rowsRemoved;
+  return cb(ctx) == KLO_CB_STOP;
+}
 
 // KLOcbget: reads information code what (KLO_CBINFO_...) at location where
 // (which must be the context's) into result, an int, double or array

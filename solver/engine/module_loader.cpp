@@ -1,6 +1,7 @@
 #include "engine/module_loader.h"
 
 #include <dlfcn.h>
+#include <unistd.h>
 
 #include <map>
 #include <mutex>
@@ -24,11 +25,16 @@ std::string ownDirectory() {
 }
 
 Factory loadFactory(const EngineModule& m, std::string& error) {
-  void* handle = dlopen((ownDirectory() + m.file).c_str(), RTLD_NOW | RTLD_GLOBAL);
+  const std::string beside = ownDirectory() + m.file;
+  void* handle = dlopen(beside.c_str(), RTLD_NOW | RTLD_GLOBAL);
+  // A module beside this library that fails to load says why, rather than
+  // the search by name that follows.
+  const char* first = handle ? nullptr : dlerror();
+  const std::string besideError = first && access(beside.c_str(), F_OK) == 0 ? first : "";
   if (!handle) handle = dlopen(m.file, RTLD_NOW | RTLD_GLOBAL);
   if (!handle) {
     const char* why = dlerror();
-    error = why ? why : std::string(m.file) + " not found";
+    error = !besideError.empty() ? besideError : why ? why : std::string(m.file) + " not found";
     return nullptr;
   }
   auto factory = reinterpret_cast<Factory>(dlsym(handle, m.entry));

@@ -12,6 +12,7 @@
 #include "solve/chooser.h"
 #include "solve/message_relay.h"
 #include "solve/objectives.h"
+#include "solve/polling.h"
 #include "solve/problem_from_model.h"
 #include "solve/semicontinuous.h"
 #include "solve/settings_from_params.h"
@@ -28,26 +29,45 @@ BusyModel::BusyModel(KLOmodel& m, const char* what) : m_(m) {
   m.busy = true;
 }
 
+namespace {
+
+engine::CallbackContext pollingContext(const ModelData& d,
+                                       std::chrono::steady_clock::time_point started) {
+  engine::CallbackContext ctx;
+  ctx.numVars = d.numVars();
+  ctx.numRows = d.numRows();
+  ctx.numIntVars = d.countTypes("BIN");
+  ctx.started = started;
+  return ctx;
+}
+
+}  // namespace
+
 void optimize(KLOmodel& m) {
   BusyModel busy(m, "KLOoptimize");
   const auto started = std::chrono::steady_clock::now();
   engine::Problem p = problemFromModel(m.data);
   engine::Settings s = settingsFromParams(m.env);
   s.started = started;  // building the problem counts against "MaxTime" too
-  auto thrown = std::make_shared<std::exception_ptr>();
-  engine::Callback cb = userCallback(m, thrown);
+  auto calls = std::make_shared<UserCallState>();
+  const engine::Callback userCall = userCallback(m, calls);
+  engine::Callback cb = userCall;
   relayMessages(m.data, m.env.params.getInt("OutputFlag") != 0, s, cb);
   std::vector<Switch> switches =
       switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
   cb = withoutSwitches(std::move(cb), switches, m.data);
   logUnusedParameters(chooseEngine(p, "KLOoptimize", s.nonconvexLocal), s);
-  engine::Result r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
-                                                  : checkedSolve(p, s, cb, "KLOoptimize");
+  engine::Result r;
+  {
+    Poller poller(userCall, pollingContext(m.data, started));
+    r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
+                                     : checkedSolve(p, s, cb, "KLOoptimize");
+  }
   checkSwitchedColumns(switches, r, s);
   trimResult(r, m.data.numVars(), m.data.numRows());
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
   storeResult(m, std::move(r), seconds.count());
-  if (*thrown) throw CallbackThrew{*thrown};
+  if (calls->thrown) throw CallbackThrew{calls->thrown};
 }
 
 }  // namespace klo

@@ -23,20 +23,22 @@ class Running {
 
 }  // namespace
 
-engine::Callback userCallback(KLOmodel& m, std::shared_ptr<std::exception_ptr> thrown) {
+engine::Callback userCallback(KLOmodel& m, std::shared_ptr<UserCallState> state) {
   if (!m.callback) return {};
   KLOcallbackfn fn = m.callback;
   const void* user = m.callbackData;
   KLOmodel* model = &m;
-  return [fn, user, model, thrown](engine::CallbackContext& ctx) {
-    if (*thrown) return KLO_CB_STOP;
+  return [fn, user, model, state](engine::CallbackContext& ctx) {
+    std::lock_guard<std::recursive_mutex> lock(state->oneAtATime);
+    if (state->thrown) return KLO_CB_STOP;
     Running scope(&ctx);
     try {
-      return fn(model, &ctx, ctx.where, user);
+      if (fn(model, &ctx, ctx.where, user) == KLO_CB_STOP) state->stopAsked = true;
     } catch (...) {
-      *thrown = std::current_exception();
-      return KLO_CB_STOP;
+      state->thrown = std::current_exception();
+      state->stopAsked = true;
     }
+    return state->stopAsked ? KLO_CB_STOP : 0;
   };
 }
 

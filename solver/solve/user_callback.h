@@ -3,8 +3,10 @@
 // and hands back to KLOcbget and the other KLOcb... functions.
 #pragma once
 
+#include <atomic>
 #include <exception>
 #include <memory>
+#include <mutex>
 
 #include "engine/callback_context.h"
 #include "store/model.h"
@@ -18,10 +20,19 @@ struct CallbackThrew {
   std::exception_ptr thrown;
 };
 
+// Shared by every call of the user's function in one solve.
+struct UserCallState {
+  std::recursive_mutex oneAtATime;  // the polling thread calls it too
+  std::exception_ptr thrown;        // not called again once set
+  std::atomic<bool> stopAsked{false};
+};
+
 // The engine callback that calls the function registered on m (empty when
-// none is).  An exception from the user's function stops the solve and is
-// kept in *thrown; the function is not called again in that solve.
-engine::Callback userCallback(KLOmodel& m, std::shared_ptr<std::exception_ptr> thrown);
+// none is).  Calls are one at a time, from whichever thread.  Once the user
+// asked to stop (from any location) every later call returns KLO_CB_STOP,
+// so the engine stops at its next callback; an exception from the user's
+// function is kept in state and stops the solve the same way.
+engine::Callback userCallback(KLOmodel& m, std::shared_ptr<UserCallState> state);
 
 // The context behind cbdata when it is the one of the user function running
 // on this thread; null otherwise (a stale or foreign pointer).

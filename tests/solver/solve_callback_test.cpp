@@ -113,6 +113,61 @@ TEST_F(SolveCallback, StopDuringTheSimplexMethod) {
   EXPECT_LE(intAttr("SPX/NumIters"), 5);
 }
 
+// KLO_CB_PRESOLVE once per engine run, with what presolve removed (some of
+// afiro; nothing for a MIP with a callback, which runs without it), and
+// KLO_CB_POLLING from the library's own thread, where a stop ends the solve.
+struct Raised {
+  std::vector<std::pair<int, int>> presolve;  // columns, rows removed
+  std::vector<double> pollTimes;
+  int stopAtPoll = 0;  // stop at this poll (0: never)
+};
+
+int raisedRecorder(const void*, void* cbdata, int where, const void* usrdata) {
+  Raised& r = *static_cast<Raised*>(const_cast<void*>(usrdata));
+  if (where == KLO_CB_PRESOLVE) {
+    int cols = -1, rows = -1;
+    EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_PRE_COLDEL, &cols), KLO_OK);
+    EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_PRE_ROWDEL, &rows), KLO_OK);
+    r.presolve.emplace_back(cols, rows);
+  }
+  if (where != KLO_CB_POLLING) return 0;
+  double t = -1;
+  EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_RUNTIME, &t), KLO_OK);
+  EXPECT_EQ(KLOcbget(cbdata, where, KLO_CBINFO_OBJBEST, &t), KLO_ERROR_CALLBACK_WHERE);
+  r.pollTimes.push_back(t);
+  return static_cast<int>(r.pollTimes.size()) == r.stopAtPoll ? KLO_CB_STOP : 0;
+}
+
+TEST_F(SolveCallback, PresolveIsReportedOnce) {
+  struct Case {
+    const char* file;
+    int presolve;
+    bool removes;
+  };
+  for (const Case& c : {Case{"afiro.mps.gz", -1, true}, Case{"afiro.mps.gz", 0, false},
+                        Case{"p0033.mps.gz", -1, false}}) {
+    readInstance(c.file);
+    setInt("Presolve", c.presolve);
+    Raised r;
+    ASSERT_EQ(KLOsetcallbackfunc(model, raisedRecorder, &r), KLO_OK);
+    optimize();
+    EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+    ASSERT_EQ(r.presolve.size(), 1u) << c.file;
+    EXPECT_EQ(r.presolve[0].first + r.presolve[0].second > 0, c.removes) << c.file;
+  }
+}
+
+TEST_F(SolveCallback, PollingRunsAndCanStopTheSolve) {
+  readInstance("stein27.mps.gz");
+  Raised r;
+  r.stopAtPoll = 3;
+  ASSERT_EQ(KLOsetcallbackfunc(model, raisedRecorder, &r), KLO_OK);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_INTERRUPTED);
+  ASSERT_GE(r.pollTimes.size(), 3u);
+  for (size_t k = 1; k < r.pollTimes.size(); ++k) EXPECT_GT(r.pollTimes[k], r.pollTimes[k - 1]);
+}
+
 // The log's lines at KLO_CB_MESSAGE: their text, and a stop asked there.
 struct Messages {
   std::vector<std::string> lines;

@@ -114,6 +114,7 @@ class CbcRun {
     // With a callback: every node in the search, and branch requests that
     // do not crash it (see the quirks).
     if (whereFrom == 3 && current->cb_) {
+      current->presolveDone(*model);
       model->setFastNodeDepth(-999);
       NodeSafeDecision decision;
       model->setBranchingMethod(decision);  // Cbc keeps a clone
@@ -123,6 +124,14 @@ class CbcRun {
   static int beforeLazySearch(CbcModel* model, int whereFrom) {
     if (whereFrom == 3) allowLazyRows(*model);
     return beforeSearch(model, whereFrom);
+  }
+
+  // KLO_CB_PRESOLVE, just before the search: with a callback there is no
+  // preprocessing, so what it removed is what the search lacks.
+  void presolveDone(const CbcModel& model) {
+    const OsiSolverInterface& solver = *model.solver();
+    state_.stopRequested |= raisePresolve(cb_, state_.ctx, p_.numCols() - solver.getNumCols(),
+                                          p_.numRows() - solver.getNumRows());
   }
 
   // Cbc's "seconds" bound the search alone; after it, undoing preprocessing

@@ -80,12 +80,23 @@ double secondsSince(Clock::time_point t) {
   return std::chrono::duration<double>(Clock::now() - t).count();
 }
 
-// Calls the user's callback at every simplex or barrier iteration.
+// Calls the user's callback at every simplex or barrier iteration, and
+// once ClpSolve's presolve is done (on the presolved model).
 class SimplexEvents : public ClpEventHandler {
  public:
-  SimplexEvents(const Callback& cb, CallbackContext& ctx, const long long& doneIters, bool& stopped)
-      : cb_(&cb), ctx_(&ctx), doneIters_(&doneIters), stopped_(&stopped) {}
+  SimplexEvents(const Callback& cb, CallbackContext& ctx, const long long& doneIters, bool& stopped,
+                bool& presolveRaised)
+      : cb_(&cb),
+        ctx_(&ctx),
+        doneIters_(&doneIters),
+        stopped_(&stopped),
+        presolveRaised_(&presolveRaised) {}
   int event(Event e) override {
+    if (e == presolveBeforeSolve && model_ && !*presolveRaised_) {
+      *presolveRaised_ = true;
+      *stopped_ |= raisePresolve(*cb_, *ctx_, ctx_->numVars - model_->numberColumns(),
+                                 ctx_->numRows - model_->numberRows());
+    }
     if (e != endOfIteration || *stopped_) return *stopped_ ? 0 : -1;
     // The interior-point method runs with the handler detached (model_ null).
     ctx_->where = model_ ? KLO_CB_SIMPLEX : KLO_CB_BARRIER;
@@ -100,6 +111,7 @@ class SimplexEvents : public ClpEventHandler {
   CallbackContext* ctx_;
   const long long* doneIters_;
   bool* stopped_;
+  bool* presolveRaised_;
 };
 
 struct Outcome {
@@ -125,7 +137,9 @@ class ClpRun {
     load();
     if (quadratic()) return runQuadratic();
     const bool warm = loadBasis(m_, p_);
-    Outcome o = s_.presolve != 0 && !warm ? solvePresolved() : solve(m_);
+    const bool presolve = s_.presolve != 0 && !warm;
+    if (!presolve) presolveDone(0, 0);
+    Outcome o = presolve ? solvePresolved() : solve(m_);
     if (o.onOriginal && (o.status == 1 || o.status == 2)) o = proveWithRay(o);
     finish(o);
     return std::move(r_);
@@ -169,12 +183,18 @@ class ClpRun {
     ctx_.numRows = p_.numRows();
     ctx_.started = started_;
     if (cb_) {
-      SimplexEvents events(cb_, ctx_, r_.simplexIterations, stopped_);
+      SimplexEvents events(cb_, ctx_, r_.simplexIterations, stopped_, presolveRaised_);
       m_.passInEventHandler(&events);  // Clp keeps a clone
     }
   }
 
   double timeLeft() const { return s_.timeLeft(); }
+
+  void presolveDone(int colsRemoved, int rowsRemoved) {
+    if (!cb_ || presolveRaised_) return;
+    presolveRaised_ = true;
+    stopped_ |= raisePresolve(cb_, ctx_, colsRemoved, rowsRemoved);
+  }
 
   // Runs the chosen algorithm on model (the original or a presolved one).
   Outcome solve(ClpSimplex& model) {
@@ -225,7 +245,12 @@ class ClpRun {
     ClpPresolve pre;
     std::unique_ptr<ClpSimplex> small(pre.presolvedModel(m_, 1e-8));
     r_.presolveTime = secondsSince(t);
-    if (!small) return solve(m_);  // presolve proved it infeasible or unbounded
+    if (small)
+      presolveDone(p_.numCols() - small->numberColumns(), p_.numRows() - small->numberRows());
+    if (!small) {  // presolve proved it infeasible or unbounded
+      presolveDone(0, 0);
+      return solve(m_);
+    }
     Outcome o = solve(*small);
     if (o.status == 0) {
       pre.postsolve(true);
@@ -341,6 +366,7 @@ class ClpRun {
   Result r_;
   CallbackContext ctx_;
   bool stopped_ = false;
+  bool presolveRaised_ = false;
   bool lastPrimal_ = false;  // the last algorithm run was primal simplex
   Clock::time_point started_ = Clock::now();
 };
