@@ -180,7 +180,9 @@ double violation(const IndicatorRow& g, const std::vector<double>& x) {
 IndicatorColumns linearizeIndicators(Problem& p, double bigM, bool bigMAllowed) {
   if (p.indicators.empty()) return {};
   if (p.columnMajor) fail(KLO_ERROR_INTERNAL, "indicator constraints need a row-major problem");
-  return Linearizer(p, bigM, bigMAllowed).run();
+  IndicatorColumns c = Linearizer(p, bigM, bigMAllowed).run();
+  if (!p.startValues.empty()) completeIndicatorColumns(c, p.startValues);
+  return c;
 }
 
 void completeIndicatorColumns(const IndicatorColumns& c, std::vector<double>& x) {

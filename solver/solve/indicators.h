@@ -38,6 +38,7 @@ struct IndicatorColumns {
 // empty; columns are appended after p's, rows after p's.  With bigMAllowed
 // false every indicator takes the form without M (a relaxation that later
 // drops column bounds needs that: an M from bounds no longer holds).
+// A MIP start gives the added columns' values.
 IndicatorColumns linearizeIndicators(engine::Problem& p, double bigM, bool bigMAllowed);
 
 // Fills the added columns of x (sized to the rewritten problem) from the

@@ -250,5 +250,46 @@ TEST_F(SolveIndicators, OptimaMatchBruteForce) {
   }
 }
 
+// A callback sees the model's columns and proposes points over them only:
+// the slacks and the complement follow.
+struct Seen {
+  int wrongCounts = 0;
+  int feasible = 0;  // proposals judged feasible, better or not
+  std::vector<double> x;
+};
+
+int propose(const void*, void* cbdata, int where, const void* usrdata) {
+  Seen& seen = *static_cast<Seen*>(const_cast<void*>(usrdata));
+  int n = 0;
+  KLOcbget(cbdata, where, KLO_CBINFO_NUMVARS, &n);
+  if (n != static_cast<int>(seen.x.size())) ++seen.wrongCounts;
+  const bool mip = where == KLO_CB_MIP || where == KLO_CB_MIPSOL || where == KLO_CB_MIPNODE;
+  if (!mip) return 0;
+  const int rc = KLOcbsolution(cbdata, seen.x.data(), nullptr);
+  if (rc == KLO_OK || rc == KLO_CB_NOT_IMPROVING) ++seen.feasible;
+  return 0;
+}
+
+TEST_F(SolveIndicators, CallbacksSeeTheModelsColumns) {
+  // max x + y + 3z, x + y <= 10; z = 0 implies y <= 2, z = 1 implies x >= 5;
+  // "MIP/LinearizationBigM" 0.5: both take slacks, the first a complement.
+  const Model m{"callback",
+                -1,
+                {kX, kY, {3, 0, 1, 'B'}},
+                {{{{0, 1}, {1, 1}}, '<', 10}},
+                {{2, 0, {{{1, 1}}, '<', 2}}, {2, 1, {{{0, 1}}, '>', 5}}},
+                0.5};
+  build(m, {});
+  setInt("Presolve", 0);
+  Seen seen;
+  seen.x = {10, 0, 1};  // the optimum, 13
+  ASSERT_EQ(KLOsetcallbackfunc(model, propose, &seen), KLO_OK);
+  optimize();
+  EXPECT_EQ(intAttr("Status"), KLO_STATUS_OPTIMAL);
+  EXPECT_NEAR(dbl("ObjVal"), 13, 1e-6);
+  EXPECT_EQ(seen.wrongCounts, 0);
+  EXPECT_GT(seen.feasible, 0);
+}
+
 }  // namespace
 }  // namespace klotest
