@@ -871,8 +871,9 @@ int KLOoptimize(KLOmodel* model);
  *  one at a time (each drop a feasibility solve), starting from those an
  *  LP's infeasibility certificate uses.  Integrality, SOS sets, indicator
  *  constraints and semi-continuity are kept and are not members
- *  themselves; a semi-continuous variable's dropped bound is what an
- *  infinite one is (see KLOoptimize).  A check of an integer program is
+ *  themselves; a binary variable's bounds are members only where they
+ *  narrow [0, 1], and return to it when dropped; a semi-continuous
+ *  variable's dropped bound is what an infinite one is (see KLOoptimize).  A check of an integer program is
  *  settled first by cheap proofs (its LP relaxation infeasible; a row of
  *  integer terms whose range holds no multiple of their gcd, as 2x + 2y =
  *  5), else by a search; one that cannot settle within 10000 nodes keeps

@@ -42,9 +42,16 @@ class IisSearch {
       : p_(std::move(p)), f_(f), s_(std::move(s)), bigM_(bigM) {
     std::fill(p_.obj.begin(), p_.obj.end(), 0.0);  // feasibility only
     p_.startValues.clear();
-    for (char& t : p_.colType)
-      if (t == 'B') t = 'I';  // binaries keep [0, 1] in the engine whatever the bounds
-    s_.logLevel = 0;          // hundreds of small solves: no log
+    // A binary's bounds count where they narrow [0, 1], and return to it
+    // when dropped; as 'I' the engine sees them (it keeps 'B' in [0, 1]).
+    for (int j = 0; j < p_.numCols(); ++j) {
+      binary_.push_back(p_.colType[j] == KLO_BINARY);
+      if (!binary_[j]) continue;
+      p_.colType[j] = KLO_INTEGER;
+      p_.colLower[j] = std::max(p_.colLower[j], 0.0);
+      p_.colUpper[j] = std::min(p_.colUpper[j], 1.0);
+    }
+    s_.logLevel = 0;  // hundreds of small solves: no log
     // Without some of their bounds, integer programs can branch for ever:
     // a check that hits this limit proves nothing and keeps its bound.
     s_.maxNodes = std::min(s_.maxNodes, kMaxNodesPerCheck);
@@ -129,6 +136,9 @@ class IisSearch {
     for (int j = 0; j < f_.modelCols; ++j)
       if (switchOf[j])
         add(false, j, switchOf[j]->lower, switchOf[j]->upper);
+      else if (binary_[j])
+        add(false, j, p_.colLower[j] > 0 ? 1.0 : -KLO_INFINITY,
+            p_.colUpper[j] < 1 ? 0.0 : KLO_INFINITY);
       else
         add(false, j, p_.colLower[j], p_.colUpper[j]);
     for (Bound& b : out) b.drops = b.row ? rowDrops(b) : columnDrops(b, switchOf[b.index]);
@@ -147,8 +157,8 @@ class IisSearch {
   std::vector<std::pair<double*, double>> columnDrops(const Bound& b, const Switch* s) {
     const int j = b.index;
     if (!s) {
-      if (b.upper) return {{&p_.colUpper[j], KLO_INFINITY}};
-      return {{&p_.colLower[j], -KLO_INFINITY}};
+      if (b.upper) return {{&p_.colUpper[j], binary_[j] ? 1.0 : KLO_INFINITY}};
+      return {{&p_.colLower[j], binary_[j] ? 0.0 : -KLO_INFINITY}};
     }
     const bool positive = s->lower > 0;  // else s->upper < 0
     const int nearRow = positive ? s->row : s->row + 1, farRow = positive ? s->row + 1 : s->row;
@@ -188,6 +198,7 @@ class IisSearch {
   engine::Settings s_;
   double bigM_;
   std::vector<double> ray_;
+  std::vector<bool> binary_;  // per column of p_: was 'B'
   int lastStatus_ = KLO_STATUS_UNSTARTED;
   bool minimal_ = true;
 };

@@ -176,15 +176,23 @@ TEST_F(SolveAnalysis, IisOutOfTimeSaysItIsNotProvenIrreducible) {
   EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_BOTH, KLO_IIS_BOTH}));
 }
 
-// Indicators and semi-continuous variables take part through their
+// Binaries stay binary (their bounds count where they narrow [0, 1]);
+// indicators and semi-continuous variables take part through their
 // reformulations; the members are the model's own rows and bounds.
-TEST_F(SolveAnalysis, IisOfIndicatorsAndSemicontinuousVariables) {
+TEST_F(SolveAnalysis, IisOfBinariesIndicatorsAndSemicontinuousVariables) {
   struct Case {
     const char* name;
     void (*build)(SolveAnalysis&);
     std::vector<int> rows, vars;
   };
   const Case cases[] = {
+      {"binary fixed at 1",
+       [](SolveAnalysis& t) {
+         t.var(0, 1, 1, 'B');
+         t.row({{0, 1}}, '<', 0.5);
+       },
+       {KLO_IIS_UPPER},
+       {KLO_IIS_LOWER}},
       // z >= 1, x <= 3, and z = 1 implies x >= 5
       {"indicator",
        [](SolveAnalysis& t) {
