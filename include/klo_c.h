@@ -873,14 +873,14 @@ int KLOoptimize(KLOmodel* model);
  *  constraints and semi-continuity are kept and are not members
  *  themselves; a binary variable's bounds are members only where they
  *  narrow [0, 1], and return to it when dropped; a semi-continuous
- *  variable's dropped bound is what an infinite one is (see KLOoptimize).  A check of an integer program is
- *  settled first by cheap proofs (its LP relaxation infeasible; a row of
- *  integer terms whose range holds no multiple of their gcd, as 2x + 2y =
- *  5), else by a search; one that cannot settle within 10000 nodes keeps
- *  its bound, and when "MaxTime" (for the whole computation) runs out
- *  the bounds not yet tried stay: the subsystem is then infeasible but
- *  not proven irreducible, and "IISMinimal" is 0 (1 otherwise).  A
- *  feasible model, or one
+ *  variable's dropped bound is what an infinite one is (see KLOoptimize).
+ *  A check of an integer program is settled first by cheap proofs (its LP
+ *  relaxation infeasible; a row of integer terms whose range holds no
+ *  multiple of their gcd, as 2x + 2y = 5), else by a search; one that
+ *  cannot settle within 10000 nodes keeps its bound, and when "MaxTime"
+ *  (for the whole computation) runs out the bounds not yet tried stay:
+ *  the subsystem is then infeasible but not proven irreducible, and
+ *  "IISMinimal" is 0 (1 otherwise).  A feasible model, or one
  *  that cannot be proven infeasible, gives KLO_ERROR_INVALID_ARGUMENT;
  *  features without an engine KLO_ERROR_NOT_SUPPORTED.  The model and
  *  its solution are not changed; no callback is called. */

@@ -63,7 +63,8 @@ double largest(const IndicatorRow& g, double sign, const Bounds& b) {
 // 1 or 0 when the binary's bounds fix it, else -1.
 int fixedValue(const Problem& p, int z) {
   const double lo = std::ceil(p.colLower[z] - 1e-9), up = std::floor(p.colUpper[z] + 1e-9);
-  return lo == up ? static_cast<int>(lo) : -1;
+  if (lo != up || (lo != 0.0 && lo != 1.0)) return -1;
+  return static_cast<int>(lo);
 }
 
 int appendColumn(Problem& p, double lower, double upper, char type) {
