@@ -336,8 +336,8 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *   "MIP/ObjectiveTolerance" 1e-6 [0, 1e20]  minimal improvement of the incumbent
  *   "MIP/GapAbs"           1e-6  [0, 1e20]  stop when bound and incumbent differ by no more
  *   "MIP/GapRel"           1e-4  [0, 1e20]  stop when the relative gap is no larger
- *   "MIP/LinearizationBigM" 1e5  [0, 1e20]  big-M used to linearise indicator constraints
- *                                           whose rows have unbounded activity, and
+ *   "MIP/LinearizationBigM" 1e5  [0, 1e20]  largest big-M of an indicator constraint
+ *                                           (beyond it: a slack and an SOS1 set), and
  *                                           the infinite bound of a semi-continuous
  *                                           or semi-integer variable
  *   "MIP/Cutoff"           1e20  [-1e20, 1e20] ignore solutions not better than this
@@ -379,6 +379,8 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *                                           indicator constraints
  *   "IISVar", "IISCol"          var    get  KLO_IIS_... membership after KLOcomputeIIS
  *   "IISConstr", "IISRow"       row    get  KLO_IIS_... membership after KLOcomputeIIS
+ *   "IISMinimal"                model  get  1 when KLOcomputeIIS proved its set irreducible,
+ *                                           0 when not (time or node limit reached)
  *   "ColBasis"                  var    set  KLO_BASIS_... of the last LP solve; set: warm start
  *   "RowBasis"                  row    set  KLO_BASIS_... of the last LP solve; set: warm start
  *   "GenConstrType"             gen    get  KLO_GENCONSTR_...
@@ -696,13 +698,18 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  objectives within their "ObjNAbsTol"/"ObjNRelTol" of the value reached;
  *  "ObjVal" is then the value of objective 0, "ObjNVal" that of each
  *  objective, and "DualSoln", "RC", "DualObjVal" and the gaps are those of
- *  the last pass.  Indicator constraints have no engine yet:
- *  KLO_ERROR_NOT_SUPPORTED, with the feature named by KLOgeterrormsg.
- *  Semi-continuous and semi-integer
+ *  the last pass.  Semi-continuous and semi-integer
  *  variables are solved by Cbc through a binary switch each, with an
- *  infinite bound taken as "MIP/LinearizationBigM"; the switches are not
- *  seen in results or callbacks.  KLOcomputeIIS and KLOfeasrelax still
- *  refuse them.
+ *  infinite bound taken as "MIP/LinearizationBigM".  Indicator
+ *  constraints "z = v implies a'x sense b" are solved by Cbc as rows: an
+ *  equality as its two inequalities, each a big-M row whose M comes from
+ *  the bounds of its variables (tightened by rows of one term) when M is at
+ *  most "MIP/LinearizationBigM", else a row with a slack variable that an
+ *  SOS1 set with the binary (or its complement, a binary of its own) keeps
+ *  at 0 while the indicator is active; one whose binary is fixed by its
+ *  bounds is a plain row or nothing.  Added variables and rows are not
+ *  seen in results or callbacks, and the answer check measures the
+ *  indicators themselves.
  *
  *  Answer check.  No answer is called optimal before it is measured on the
  *  model itself (its own variables and rows, unscaled, after the engine's
@@ -834,7 +841,8 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *                            messages, a MIP progress line each second (time,
  *                            nodes, incumbent, bound, gap) and a summary line
  *    "MIP/LinearizationBigM"  the switch of a semi-continuous or semi-integer
- *                            variable with an infinite bound
+ *                            variable with an infinite bound; the largest M of
+ *                            an indicator constraint
  *  Accepted and not used by these engines: "PostScaling", "Dualization",
  *  "EnableNetworkFlow", "EnableStochasticLP", "NumericFocus",
  *  "SPX/ColumnGeneration", "SPX/CrashStart", "SPX/PrimalPricing",
@@ -880,11 +888,18 @@ int KLOoptimize(KLOmodel* model);
  *  (see "IISVar" and "IISConstr"): bounds of rows and variables that cannot
  *  all hold, each of them needed for that.  Found by dropping the bounds
  *  one at a time (each drop a feasibility solve), starting from those an
- *  LP's infeasibility certificate uses.  Integrality is kept and is not
- *  itself a member; a check of an integer program that cannot settle
- *  within 10000 nodes (or within what is left of "MaxTime", which counts
- *  for the whole computation) keeps its bound, so the subsystem is
- *  then infeasible but perhaps not irreducible.  A feasible model, or one
+ *  LP's infeasibility certificate uses.  Integrality, SOS sets, indicator
+ *  constraints and semi-continuity are kept and are not members
+ *  themselves; a binary variable's bounds are members only where they
+ *  narrow [0, 1], and return to it when dropped; a semi-continuous
+ *  variable's dropped bound is what an infinite one is (see KLOoptimize).
+ *  A check of an integer program is settled first by cheap proofs (its LP
+ *  relaxation infeasible; a row of integer terms whose range holds no
+ *  multiple of their gcd, as 2x + 2y = 5), else by a search; one that
+ *  cannot settle within 10000 nodes keeps its bound, and when "MaxTime"
+ *  (for the whole computation) runs out the bounds not yet tried stay:
+ *  the subsystem is then infeasible but not proven irreducible, and
+ *  "IISMinimal" is 0 (1 otherwise).  A feasible model, or one
  *  that cannot be proven infeasible, gives KLO_ERROR_INVALID_ARGUMENT;
  *  features without an engine KLO_ERROR_NOT_SUPPORTED.  The model and
  *  its solution are not changed; no callback is called. */
@@ -905,7 +920,10 @@ int KLOcomputeIIS(KLOmodel* model);
  *  relaxobjtype 2 counts with one binary per relaxable bound, for
  *  violations up to "MIP/LinearizationBigM".  Negative or NaN penalties and
  *  other relaxobjtype values give KLO_ERROR_INVALID_ARGUMENT.  The
- *  relaxation keeps integrality and SOS sets; only objective 0 is used
+ *  relaxation keeps integrality, SOS sets, indicator constraints (in the
+ *  form without big-M, which relaxed bounds would break) and
+ *  semi-continuity: a semi-continuous variable's bounds are relaxed while
+ *  it is away from 0, which it stays at while off; only objective 0 is used
  *  with minrelax; no callback is called; no basis is kept from it. */
 int KLOfeasrelax(KLOmodel* model, int relaxobjtype, int minrelax, const double* lbpen,
                  const double* ubpen, const double* rhspen, double* feasobjP);
@@ -1062,7 +1080,8 @@ int KLOgetsos(KLOmodel* model, int* nummembersP, int* types, int* beg, int* ind,
 
 /** Adds the indicator constraint  x[binvar] = binval  implies
  *  sum val x[ind]  sense  rhs.  binval is 0 or 1; binvar must be binary
- *  (KLO_ERROR_INVALID_ARGUMENT otherwise). */
+ *  (KLO_ERROR_INVALID_ARGUMENT otherwise).  How it is solved: see
+ *  KLOoptimize. */
 int KLOaddgenconstrIndicator(KLOmodel* model, const char* name, int binvar, int binval, int nvars,
                              const int* ind, const double* val, char sense, double rhs);
 

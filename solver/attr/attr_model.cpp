@@ -144,6 +144,11 @@ void addModelAttrs(std::vector<AttrDef>& out) {
       numAttr("NumIntVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "BIN"); }));
   out.push_back(
       numAttr("NumBinVars", I, M, [](const KLOmodel& m, int) { return countTypes(m, "B"); }));
+  out.push_back(numAttr("IISMinimal", I, M, [](const KLOmodel& m, int) {
+    if (m.results.iisMinimal < 0)
+      fail(KLO_ERROR_DATA_NOT_AVAILABLE, "No irreducible infeasible subsystem has been computed");
+    return double(m.results.iisMinimal);
+  }));
   out.push_back(numAttr("IsInteger", I, M, [](const KLOmodel& m, int) {
     bool mip = countTypes(m, "BINS") > 0 || !m.data.sos.empty() || !m.data.indicators.empty();
     return mip ? 1.0 : 0.0;

@@ -84,6 +84,7 @@ engine::Result solveObjectives(const engine::Problem& base, const ModelData& d,
   engine::Result r, totals;
   for (size_t k = 0; k < passes.size(); ++k) {
     p.obj = passes[k].coef;
+    p.obj.resize(p.numCols(), 0.0);  // columns added by reformulations cost nothing
     p.objConstant = passes[k].constant;
     r = checkedSolve(p, settings, cb, "KLOoptimize");  // one clock for every pass
     if (k + 1 == passes.size() || r.status != KLO_STATUS_OPTIMAL) break;

@@ -14,7 +14,7 @@
 #include "solve/objectives.h"
 #include "solve/polling.h"
 #include "solve/problem_from_model.h"
-#include "solve/semicontinuous.h"
+#include "solve/reformulation.h"
 #include "solve/settings_from_params.h"
 #include "solve/store_result.h"
 #include "solve/trim_result.h"
@@ -53,9 +53,8 @@ void optimize(KLOmodel& m) {
   const engine::Callback userCall = userCallback(m, calls);
   engine::Callback cb = userCall;
   relayMessages(m.data, m.env.params.getInt("OutputFlag") != 0, s, cb);
-  std::vector<Switch> switches =
-      switchSemicontinuous(p, m.env.params.getDbl("MIP/LinearizationBigM"));
-  cb = withoutSwitches(std::move(cb), switches, m.data);
+  const Reformulation f = reformulate(p, m.env.params.getDbl("MIP/LinearizationBigM"));
+  cb = modelCallback(std::move(cb), f, m.data);
   logUnusedParameters(chooseEngine(p, "KLOoptimize", s.nonconvexLocal), s);
   engine::Result r;
   {
@@ -63,7 +62,7 @@ void optimize(KLOmodel& m) {
     r = m.data.objectives.size() > 1 ? solveObjectives(p, m.data, s, cb)
                                      : checkedSolve(p, s, cb, "KLOoptimize");
   }
-  checkSwitchedColumns(switches, r, s);
+  checkReformulated(f, r, s);
   trimResult(r, m.data.numVars(), m.data.numRows());
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - started;
   storeResult(m, std::move(r), seconds.count());

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <utility>
 
 #include "common/error.h"
@@ -38,35 +37,11 @@ void addSwitch(engine::Problem& p, int j, double bigM, std::vector<Switch>& out)
   }
   p.colLower[j] = std::min(a, 0.0);
   p.colUpper[j] = std::max(b, 0.0);
+  const int row = p.numRows();
   appendSparseRow(p, {{j, 1.0}, {z, -a}}, 0.0, KLO_INFINITY);
   appendSparseRow(p, {{j, 1.0}, {z, -b}}, -KLO_INFINITY, 0.0);
-  out.push_back(Switch{j, z, lower, upper});
+  out.push_back(Switch{j, z, row, lower, upper});
 }
-
-// Forwards to the engine's actions, completing proposals with the switches.
-class SwitchedActions : public engine::CallbackActions {
- public:
-  SwitchedActions(engine::CallbackActions& inner, const std::vector<Switch>& switches, int n)
-      : inner_(inner), switches_(switches), n_(n) {}
-  int proposeSolution(const double* x, double* objective) override {
-    std::vector<double> full(x, x + n_);
-    full.resize(n_ + switches_.size(), KLO_UNDEFINED);
-    for (const Switch& s : switches_)
-      if (isSet(x[s.column])) full[s.z] = switchValue(x[s.column]);
-    return inner_.proposeSolution(full.data(), objective);
-  }
-  int addCut(int len, const int* ind, const double* val, char sense, double rhs) override {
-    return inner_.addCut(len, ind, val, sense, rhs);
-  }
-  int branch(int column, double value, int dir) override {
-    return inner_.branch(column, value, dir);
-  }
-
- private:
-  engine::CallbackActions& inner_;
-  const std::vector<Switch>& switches_;
-  int n_;
-};
 
 }  // namespace
 
@@ -103,21 +78,9 @@ void checkSwitchedColumns(const std::vector<Switch>& switches, engine::Result& r
   r.status = KLO_STATUS_SUBOPTIMAL;
 }
 
-engine::Callback withoutSwitches(engine::Callback cb, std::vector<Switch> switches,
-                                 const ModelData& d) {
-  if (!cb || switches.empty()) return cb;
-  const int numVars = d.numVars(), numRows = d.numRows(), numIntVars = d.countTypes("BIN");
-  return [cb = std::move(cb), switches = std::move(switches), numVars, numRows,
-          numIntVars](engine::CallbackContext& ctx) {
-    engine::CallbackContext shown = ctx;
-    shown.numVars = numVars;
-    shown.numRows = numRows;
-    shown.numIntVars = numIntVars;
-    std::unique_ptr<SwitchedActions> actions;
-    if (ctx.actions) actions = std::make_unique<SwitchedActions>(*ctx.actions, switches, numVars);
-    shown.actions = actions.get();
-    return cb(shown);
-  };
+void completeSwitches(const std::vector<Switch>& switches, std::vector<double>& x) {
+  for (const Switch& s : switches)
+    x[s.z] = isSet(x[s.column]) ? switchValue(x[s.column]) : KLO_UNDEFINED;
 }
 
 }  // namespace klo

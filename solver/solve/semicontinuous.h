@@ -10,17 +10,16 @@
 
 #include <vector>
 
-#include "engine/callback_context.h"
 #include "engine/problem.h"
 #include "engine/result.h"
 #include "engine/settings.h"
-#include "store/model_data.h"
 
 namespace klo {
 
 struct Switch {
   int column;           // the semi-continuous column
   int z;                // its switch
+  int row;              // the first of its two rows
   double lower, upper;  // the column's own bounds, which do not hold 0
 };
 
@@ -37,10 +36,8 @@ std::vector<Switch> switchSemicontinuous(engine::Problem& p, double bigM);
 void checkSwitchedColumns(const std::vector<Switch>& switches, engine::Result& r,
                           const engine::Settings& s);
 
-// The user's callback seeing the model d rather than the switched problem:
-// its numbers of columns, rows and integers, and solutions proposed with
-// d's columns only (each switch follows its column's value).
-engine::Callback withoutSwitches(engine::Callback cb, std::vector<Switch> switches,
-                                 const ModelData& d);
+// Sets each switch of x (sized to the switched problem) from its column's
+// value: on when it is not 0; unset when the column is.
+void completeSwitches(const std::vector<Switch>& switches, std::vector<double>& x);
 
 }  // namespace klo

@@ -46,6 +46,7 @@ struct Results {
 
   // IIS membership (KLO_IIS_...), empty when no IIS was computed.
   std::vector<int> iisCol, iisRow;
+  int iisMinimal = -1;  // 1 proven irreducible, 0 not proven, -1 none computed
 };
 
 }  // namespace klo

@@ -121,6 +121,19 @@ TEST_F(Modelling, SosAndIndicatorsRoundTrip) {
   EXPECT_EQ(model->get(KLO_IntAttr_NumSOS), 0);
 }
 
+// x and y have no upper bounds, so the indicator takes its slack and SOS
+// form: z pays 8 for x + y <= 3 where 10 was open.
+TEST_F(Modelling, IndicatorsAreSolved) {
+  model->addConstr(x + y <= 10, "cap");
+  model->addGenConstrIndicator(z, 1, x + y <= 3, "small");
+  model->setObjective(x + y + 8 * z, -1);
+  solve();
+  ASSERT_EQ(model->get(KLO_IntAttr_Status), 1) << "not solved to optimality";
+  EXPECT_NEAR(model->get(KLO_DoubleAttr_ObjVal), 11, 1e-6);
+  EXPECT_NEAR(z.get(KLO_DoubleAttr_X), 1, 1e-6);
+  EXPECT_LE(x.get(KLO_DoubleAttr_X) + y.get(KLO_DoubleAttr_X), 3 + 1e-6);
+}
+
 TEST_F(Modelling, PsdRowsAndObjectivesReachTheStore) {
   const KLOPsdVar X = model->addPsdVar(2, "X");
   KLOPsdExpr P = KLOMatrix::sparse(2, 2, {0, 1}, {0, 1}, {1.0, 1.0}) * X + x;

@@ -6,6 +6,11 @@ namespace klotest {
 namespace {
 
 class SolveAnalysis : public SolveTest {
+ public:  // for the builders of table-driven cases
+  using ModelTest::model;
+  using SolveTest::row;
+  using SolveTest::var;
+
  protected:
   // min x + 2y, x, y in [0, 10]:  r0: x + y >= 5,  r1: x + y <= 3.
   // Whatever x + y in [3, 5] is chosen, the rows are violated by 2 in all.
@@ -140,6 +145,145 @@ TEST_F(SolveAnalysis, IisOfAFeasibleModelIsRefused) {
   EXPECT_EQ(KLOcomputeIIS(model), KLO_ERROR_INVALID_ARGUMENT);
   EXPECT_NE(modelError().find("feasible"), std::string::npos);
   EXPECT_EQ(KLOcomputeIIS(nullptr), KLO_ERROR_NULL_ARGUMENT);
+}
+
+// Integer rows: 2x + 2y = 5 has no integer solution whatever the bounds
+// (the gcd of its terms says so, where branching would never end), so
+// only its two sides are needed.
+TEST_F(SolveAnalysis, IisOfARowWithoutIntegerSolution) {
+  var(0, 0, 10, 'I');
+  var(0, 0, 10, 'I');
+  row({{0, 2}, {1, 2}}, '=', 5);
+  int v = 0;
+  EXPECT_EQ(KLOgetintattr(model, "IISMinimal", &v), KLO_ERROR_DATA_NOT_AVAILABLE);
+  ASSERT_EQ(KLOcomputeIIS(model), KLO_OK) << modelError();
+  EXPECT_EQ(intArray("IISConstr", 1), (std::vector<int>{KLO_IIS_BOTH}));
+  EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_NONE, KLO_IIS_NONE}));
+  EXPECT_EQ(intAttr("IISMinimal"), 1);
+}
+
+// "MaxTime" covers the whole analysis: out of time after the first proof,
+// every bound not yet tried stays and the set is not proven irreducible.
+TEST_F(SolveAnalysis, IisOutOfTimeSaysItIsNotProvenIrreducible) {
+  var(0, 0, 10, 'I');
+  var(0, 0, 10, 'I');
+  row({{0, 2}, {1, 2}}, '=', 5);
+  row({{0, 1}, {1, -1}}, '<', 100);
+  setDbl("MaxTime", 0);
+  ASSERT_EQ(KLOcomputeIIS(model), KLO_OK) << modelError();
+  EXPECT_EQ(intAttr("IISMinimal"), 0);
+  EXPECT_EQ(intArray("IISConstr", 2), (std::vector<int>{KLO_IIS_BOTH, KLO_IIS_UPPER}));
+  EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_BOTH, KLO_IIS_BOTH}));
+}
+
+// Binaries stay binary (their bounds count where they narrow [0, 1]);
+// indicators and semi-continuous variables take part through their
+// reformulations; the members are the model's own rows and bounds.
+TEST_F(SolveAnalysis, IisOfBinariesIndicatorsAndSemicontinuousVariables) {
+  struct Case {
+    const char* name;
+    void (*build)(SolveAnalysis&);
+    std::vector<int> rows, vars;
+  };
+  const Case cases[] = {
+      {"binary fixed at 1",
+       [](SolveAnalysis& t) {
+         t.var(0, 1, 1, 'B');
+         t.row({{0, 1}}, '<', 0.5);
+       },
+       {KLO_IIS_UPPER},
+       {KLO_IIS_LOWER}},
+      // z >= 1, x <= 3, and z = 1 implies x >= 5
+      {"indicator",
+       [](SolveAnalysis& t) {
+         t.var(0, 0, 10);
+         t.var(0, 0, 1, 'B');
+         t.row({{1, 1}}, '>', 1);
+         t.row({{0, 1}}, '<', 3);
+         const int ind[] = {0};
+         const double val[] = {1};
+         ASSERT_EQ(KLOaddgenconstrIndicator(t.model, "g", 1, 1, 1, ind, val, '>', 5), KLO_OK);
+       },
+       {KLO_IIS_LOWER, KLO_IIS_UPPER},
+       {KLO_IIS_NONE, KLO_IIS_NONE}},
+      // x 0 or in [2, 5], and 0.5 <= x <= 1: x's upper bound is not needed
+      {"semi-continuous",
+       [](SolveAnalysis& t) {
+         t.var(0, 2, 5, 'S');
+         t.row({{0, 1}}, '<', 1);
+         t.row({{0, 1}}, '>', 0.5);
+       },
+       {KLO_IIS_UPPER, KLO_IIS_LOWER},
+       {KLO_IIS_LOWER}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    KLOfreemodel(model);
+    ASSERT_EQ(KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr),
+              KLO_OK);
+    c.build(*this);
+    ASSERT_EQ(KLOcomputeIIS(model), KLO_OK) << modelError();
+    EXPECT_EQ(intArray("IISConstr", static_cast<int>(c.rows.size())), c.rows);
+    EXPECT_EQ(intArray("IISVar", static_cast<int>(c.vars.size())), c.vars);
+    EXPECT_EQ(intAttr("IISMinimal"), 1);
+  }
+}
+
+// The relaxation keeps indicators and semi-continuity; a semi-continuous
+// variable's bounds are relaxed while it is away from 0.
+TEST_F(SolveAnalysis, FeasRelaxOfIndicatorsAndSemicontinuousVariables) {
+  struct Case {
+    const char* name;
+    void (*build)(SolveAnalysis&);
+    double lbPen, ubPen, rhsPen1;  // variable 0's bounds, row 1
+    double measure, x;
+  };
+  const double inf = KLO_INFINITY;
+  const Case cases[] = {
+      // z >= 1 (kept), x <= 3 (relaxed), z = 1 implies x >= 5
+      {"indicator",
+       [](SolveAnalysis& t) {
+         t.var(0, 0, 10);
+         t.var(0, 0, 1, 'B');
+         t.row({{1, 1}}, '>', 1);
+         t.row({{0, 1}}, '<', 3);
+         const int ind[] = {0};
+         const double val[] = {1};
+         ASSERT_EQ(KLOaddgenconstrIndicator(t.model, "g", 1, 1, 1, ind, val, '>', 5), KLO_OK);
+       },
+       inf, inf, 1, 2, 5},
+      {"semi-continuous, lower bound",
+       [](SolveAnalysis& t) {
+         t.var(0, 2, 5, 'S');
+         t.row({{0, 1}}, '<', 1);
+         t.row({{0, 1}}, '>', 0.5);
+       },
+       1, 1, inf, 1, 1},
+      {"semi-continuous, upper bound",
+       [](SolveAnalysis& t) {
+         t.var(0, 2, 5, 'S');
+         t.row({{0, 1}}, '>', 7);
+         t.row({{0, 1}}, '<', 100);
+       },
+       1, 1, inf, 2, 7},
+      {"semi-continuous, negative range",
+       [](SolveAnalysis& t) {
+         t.var(0, -5, -2, 'S');
+         t.row({{0, 1}}, '<', -7);
+         t.row({{0, 1}}, '>', -100);
+       },
+       1, 1, inf, 2, -7},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    KLOfreemodel(model);
+    ASSERT_EQ(KLOnewmodel(env, &model, "m", 0, nullptr, nullptr, nullptr, nullptr, nullptr),
+              KLO_OK);
+    c.build(*this);
+    const double lb[] = {c.lbPen, inf}, ub[] = {c.ubPen, inf}, rhs[] = {inf, c.rhsPen1};
+    EXPECT_NEAR(relax(0, 0, lb, ub, rhs), c.measure, 1e-6);
+    EXPECT_NEAR(dblAt("X", 0), c.x, 1e-6);
+  }
 }
 
 }  // namespace

@@ -185,13 +185,6 @@ TEST_F(SolveLp, UnsupportedFeaturesAreRefusedAndLoseNothing) {
          ASSERT_EQ(KLOaddpsdvar(m, 2, "P"), KLO_OK);
          ASSERT_EQ(KLOsetcharattrelement(m, "VType", 0, 'I'), KLO_OK);
        }},
-      {"indicator constraints",
-       [](KLOmodel* m) {
-         ASSERT_EQ(KLOaddvar(m, 0, nullptr, nullptr, 0, 0, 1, 'B', "b"), KLO_OK);
-         const int ind[] = {0};
-         const double val[] = {1};
-         ASSERT_EQ(KLOaddgenconstrIndicator(m, "ind", 3, 1, 1, ind, val, '<', 1), KLO_OK);
-       }},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.feature);

@@ -29,10 +29,12 @@ TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
   ASSERT_EQ(s.size(), 3u);
   EXPECT_EQ(s[0].column, 0);
   EXPECT_EQ(s[0].z, 5);
+  EXPECT_EQ(s[0].row, 1);
   EXPECT_EQ(s[1].column, 1);
   EXPECT_EQ(s[1].z, 6);
   EXPECT_EQ(s[2].column, 3);
   EXPECT_EQ(s[2].z, 7);
+  EXPECT_EQ(s[2].row, 5);
   EXPECT_EQ(p.colType, (std::vector<char>{'C', 'I', 'C', 'C', 'C', 'B', 'B', 'B'}));
   EXPECT_EQ(p.colLower, (std::vector<double>{0, -4, -1, 0, 0, 0, 0, 0}));
   EXPECT_EQ(p.colUpper, (std::vector<double>{5, 0, 3, 100, 1, 1, 1, 1}));
@@ -53,7 +55,7 @@ TEST(Semicontinuous, EachColumnAwayFromZeroGetsASwitchAndTwoRows) {
 // Within the integrality tolerance of its switch, a big-M row lets a column
 // stray from 0: the column's own condition is checked on the answer.
 TEST(Semicontinuous, AnswersAreCheckedAgainstTheColumnsOwnCondition) {
-  const std::vector<klo::Switch> switches{{0, 2, 2, 5}, {1, 3, -KLO_INFINITY, -4}};
+  const std::vector<klo::Switch> switches{{0, 2, 0, 2, 5}, {1, 3, 2, -KLO_INFINITY, -4}};
   struct Case {
     std::vector<double> x;
     int status;
@@ -118,12 +120,6 @@ TEST_F(SolveSemicontinuous, ZeroOrInsideTheBounds) {
     double beyond = 0;
     EXPECT_NE(KLOgetdblattrelement(model, "X", 1, &beyond), KLO_OK) << "results end at the model";
   }
-}
-
-TEST_F(SolveSemicontinuous, AnalysesStillRefuseThem) {
-  var(1, 2, 5, 'S');
-  EXPECT_EQ(KLOcomputeIIS(model), KLO_ERROR_NOT_SUPPORTED);
-  EXPECT_NE(modelError().find("semi-continuous"), std::string::npos) << modelError();
 }
 
 // A callback sees the model's columns and proposes solutions over them only.
