@@ -643,9 +643,10 @@ int KLOfreemodel(KLOmodel* model);
 int KLOread(KLOmodel* model, const char* filename);
 
 /** Writes a file, by its extension: ".mps", ".qps" (MPS), ".lp", ".dat-s"
- *  (SDPA; each optionally ".gz") the model, ".prm" parameters, ".mst" start values
- *  (after a solve that found a solution, that solution; otherwise the start
- *  values set, those not set left out), ".sol" the solution, ".bas" the basis (MPS basis format).  Reading a model file back gives the
+ *  (SDPA; each optionally ".gz") the model, ".prm" parameters, ".mst" start
+ *  values (after a solve that found a solution, that solution; otherwise
+ *  the start values set, those not set left out), ".sol" the solution,
+ *  ".bas" the basis (MPS basis format).  Reading a model file back gives the
  *  same model.  Names that a format cannot hold (empty, repeated, with
  *  blanks or operator characters, or read as numbers or keywords in LP
  *  files) are replaced by generated ones: "C<j>" for variables, "R<i>" for
