@@ -1,4 +1,4 @@
-// Parameter, start and basis files from arbitrary bytes, read into a small
+// Parameter, start, solution and basis files from arbitrary bytes, read into a small
 // model: a clean refusal or a read, never a crash.
 #include <cstdlib>
 

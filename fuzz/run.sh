@@ -18,7 +18,7 @@ shift 2
 here=$(cd "$(dirname "$0")" && pwd)
 # Leaks inside the engines themselves are listed, not findings.
 export LSAN_OPTIONS="suppressions=$here/lsan.supp"
-targets=${*:-"fuzz_read_mps fuzz_read_lp fuzz_read_sdpa fuzz_read_prm fuzz_read_mst fuzz_read_bas fuzz_build_and_solve"}
+targets=${*:-"fuzz_read_mps fuzz_read_lp fuzz_read_sdpa fuzz_read_prm fuzz_read_mst fuzz_read_sol fuzz_read_bas fuzz_build_and_solve"}
 
 seeds_of() {
   case $1 in

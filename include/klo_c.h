@@ -643,13 +643,19 @@ KLOmodel* KLOcopymodel(KLOmodel* model);
 int KLOfreemodel(KLOmodel* model);
 
 /** Reads a file into an existing model, by its extension: ".prm"
- *  parameters, ".mst" start values, ".bas" basis, ".mps"/".qps"/".lp"/
- *  ".dat-s" (optionally ".gz") replaces the model's contents. */
+ *  parameters, ".mst" start values, ".sol" a solution as start values,
+ *  ".bas" basis, ".mps"/".qps"/".lp"/".dat-s" (optionally ".gz") replaces
+ *  the model's contents.  ".mst" and ".sol" files hold "name value" a line
+ *  ('#' starts a comment); variables not named keep their start values; a
+ *  malformed line or an unknown name gives KLO_ERROR_FILE_READ with the
+ *  file and line, and the model is not changed. */
 int KLOread(KLOmodel* model, const char* filename);
 
 /** Writes a file, by its extension: ".mps", ".qps" (MPS), ".lp", ".dat-s"
- *  (SDPA; each optionally ".gz") the model, ".prm" parameters, ".mst" start values, ".sol" the
- *  solution, ".bas" the basis (MPS basis format).  Reading a model file back gives the
+ *  (SDPA; each optionally ".gz") the model, ".prm" parameters, ".mst" start
+ *  values (after a solve that found a solution, that solution; otherwise
+ *  the start values set, those not set left out), ".sol" the solution,
+ *  ".bas" the basis (MPS basis format).  Reading a model file back gives the
  *  same model.  Names that a format cannot hold (empty, repeated, with
  *  blanks or operator characters, or read as numbers or keywords in LP
  *  files) are replaced by generated ones: "C<j>" for variables, "R<i>" for
@@ -924,7 +930,10 @@ int KLOcomputeIIS(KLOmodel* model);
  *  form without big-M, which relaxed bounds would break) and
  *  semi-continuity: a semi-continuous variable's bounds are relaxed while
  *  it is away from 0, which it stays at while off; only objective 0 is used
- *  with minrelax; no callback is called; no basis is kept from it. */
+ *  with minrelax; no callback is called; no basis is kept from it.
+ *  A non-null lbpen or ubpen holds one entry per variable ("NumVars"), a
+ *  non-null rhspen one per row ("NumConstrs"): the library cannot know an
+ *  array's length and reads that many entries. */
 int KLOfeasrelax(KLOmodel* model, int relaxobjtype, int minrelax, const double* lbpen,
                  const double* ubpen, const double* rhspen, double* feasobjP);
 

@@ -1128,7 +1128,9 @@ class KLOModel {
   KLOModel relax() const;
   /// Feasibility relaxation with unit penalties on what may be relaxed
   /// (bounds if vrelax, rows if crelax).  Returns the relaxation measure
-  /// when minrelax is set, else 0.0.
+  /// when minrelax is set, else 0.0.  The library gets one bound penalty
+  /// per variable and one row penalty per row, all alike: it cannot know
+  /// an array's length, so none may be shorter than its count.
   double feasRelax(int type, bool minrelax, bool vrelax, bool crelax);
   /// Feasibility relaxation with per-element penalties for the given
   /// variables and constraints (all others may not be relaxed).

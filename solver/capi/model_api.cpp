@@ -44,6 +44,14 @@ klo::Basis currentBasis(const KLOmodel& m) {
   return b;
 }
 
+// After a solve that found a solution, the solution is the start worth
+// keeping; before one, the start values given.
+const std::vector<double>& startToWrite(const KLOmodel& m) {
+  const klo::Results& r = m.results;
+  const bool solved = r.solved && r.hasSolution && r.x.size() == m.data.start.size();
+  return solved ? r.x : m.data.start;
+}
+
 }  // namespace
 
 extern "C" {
@@ -95,6 +103,7 @@ int KLOread(KLOmodel* model, const char* filename) {
         model->env.replaceParams(klo::readParamFile(filename, model->env.params));
         return true;
       case klo::FileKind::Start:
+      case klo::FileKind::Solution:
         model->data.start = klo::readStartFile(filename, model->data);
         return true;
       case klo::FileKind::Basis: {
@@ -103,8 +112,6 @@ int KLOread(KLOmodel* model, const char* filename) {
         model->data.rowBasis = std::move(b.rows);
         return true;
       }
-      case klo::FileKind::Solution:
-        klo::fail(KLO_ERROR_FILE_FORMAT, "Solution files (.sol) are written, not read");
       default: model->data = klo::readModelFile(filename); return false;
     }
   });
@@ -115,7 +122,8 @@ int KLOwrite(KLOmodel* model, const char* filename) {
     requireArg(filename, "filename");
     switch (klo::fileKind(filename)) {
       case klo::FileKind::Params: return klo::writeParamFile(filename, model->env.params);
-      case klo::FileKind::Start: return klo::writeStartFile(filename, model->data);
+      case klo::FileKind::Start:
+        return klo::writeStartFile(filename, model->data, startToWrite(*model));
       case klo::FileKind::Basis:
         return klo::writeBasisFile(filename, model->data, currentBasis(*model));
       case klo::FileKind::Solution: {

@@ -48,7 +48,8 @@ struct Result {
   std::vector<double> primalRay;  // unbounded LP, empty otherwise
   std::vector<double> dualRay;    // infeasible LP, empty otherwise
 
-  // MIP solution pool, best first (the first is x).
+  // MIP solution pool, distinct points best first (the first is x; see
+  // engine/solution_pool.h).
   std::vector<PoolSolution> pool;
 
   // PSD variables' values, one dim x dim row-major matrix each.
@@ -73,16 +74,6 @@ inline void addWork(Result& to, const Result& from) {
   to.nodeCount += from.nodeCount;
   to.presolveTime += from.presolveTime;
   to.solverTime += from.solverTime;
-}
-
-// The pool: r's own solution first, then the earlier incumbents (found in
-// order, each better than the one before) best first, up to size in all.
-inline void fillPool(Result& r, const std::vector<PoolSolution>& earlier, int size) {
-  r.pool.push_back(PoolSolution{r.objective, r.x});
-  for (auto it = earlier.rbegin(); it != earlier.rend(); ++it) {
-    if (static_cast<int>(r.pool.size()) >= size) break;
-    if (it->x != r.x) r.pool.push_back(*it);
-  }
 }
 
 }  // namespace klo::engine

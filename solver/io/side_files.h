@@ -1,5 +1,6 @@
 // The small files that go with a model: start values (".mst"), solutions
-// (".sol", written only) and bases (".bas", the MPS basis format).
+// (".sol", read back as start values) and bases (".bas", the MPS basis
+// format).
 #pragma once
 
 #include <string>
@@ -9,11 +10,12 @@
 
 namespace klo {
 
-// ".mst": "name value" a line, '#' comments.  Variables not named keep
-// their start values.  Unknown names and bad values throw KLO_ERROR_FILE_READ
-// with the line.
+// ".mst" and ".sol" alike: "name value" a line, '#' comments.  Variables
+// not named keep their start values.  Unknown names and bad values throw
+// KLO_ERROR_FILE_READ with the line.
 std::vector<double> readStartFile(const std::string& path, const ModelData& d);
-void writeStartFile(const std::string& path, const ModelData& d);
+// ".mst" with the values given (KLO_UNDEFINED ones left out).
+void writeStartFile(const std::string& path, const ModelData& d, const std::vector<double>& x);
 
 // ".sol": the objective value in a comment, then "name value" a line.
 void writeSolutionFile(const std::string& path, const ModelData& d, double objective,

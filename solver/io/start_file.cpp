@@ -43,8 +43,8 @@ std::vector<double> readStartFile(const std::string& path, const ModelData& d) {
   return start;
 }
 
-void writeStartFile(const std::string& path, const ModelData& d) {
-  writeTextFile(path, "# MIP start\n" + valueLines(d, d.start, true));
+void writeStartFile(const std::string& path, const ModelData& d, const std::vector<double>& x) {
+  writeTextFile(path, "# MIP start\n" + valueLines(d, x, true));
 }
 
 void writeSolutionFile(const std::string& path, const ModelData& d, double objective,

@@ -1,5 +1,4 @@
 // Whole-model operations: solving, analyses, files, relaxation.
-#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -63,12 +62,11 @@ double KLOModel::feasRelaxWith(int type, bool minrelax, const double* lbpen, con
 }
 
 double KLOModel::feasRelax(int type, bool minrelax, bool vrelax, bool crelax) {
-  // One length for every array: the smaller of the two counts.
-  const int n = std::min(get(KLO_IntAttr_NumVars), get(KLO_IntAttr_NumConstrs));
-  const auto unit = penalties(n, 1.0);
-  const auto large = penalties(n, KLO_INFINITY);
-  const double* bounds = vrelax ? unit.get() : large.get();
-  return feasRelaxWith(type, minrelax, bounds, bounds, crelax ? unit.get() : large.get());
+  // Each array as long as its own count: the library cannot know an
+  // array's length, so a shorter one would be read past its end.
+  const auto bounds = penalties(get(KLO_IntAttr_NumVars), vrelax ? 1.0 : KLO_INFINITY);
+  const auto rhs = penalties(get(KLO_IntAttr_NumConstrs), crelax ? 1.0 : KLO_INFINITY);
+  return feasRelaxWith(type, minrelax, bounds.get(), bounds.get(), rhs.get());
 }
 
 double KLOModel::feasRelax(int type, bool minrelax, int nvars, const KLOVar* vars,

@@ -9,7 +9,8 @@ if(NOT rc EQUAL 0)
   message(FATAL_ERROR "configuring the fuzz tree failed:\n${out}\n${err}")
 endif()
 execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK_DIR} -j2 --target fuzz_read_mps
-                        fuzz_read_lp fuzz_read_sdpa fuzz_read_prm fuzz_read_mst fuzz_read_bas fuzz_build_and_solve
+                        fuzz_read_lp fuzz_read_sdpa fuzz_read_prm fuzz_read_mst fuzz_read_sol fuzz_read_bas
+                        fuzz_build_and_solve
                 RESULT_VARIABLE rc OUTPUT_VARIABLE out ERROR_VARIABLE err)
 if(NOT rc EQUAL 0)
   message(FATAL_ERROR "building the fuzz tree failed:\n${out}\n${err}")

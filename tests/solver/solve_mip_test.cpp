@@ -1,5 +1,6 @@
 // Mixed-integer programs through the C interface: knapsack, SOS sets,
 // limits with the best solution kept, the pool, starts and cutoffs.
+#include <algorithm>
 #include <cmath>
 
 #include "solve_fixture.h"
@@ -113,27 +114,60 @@ TEST_F(SolveMip, TimeLimitStopsInsideTheRoot) {
   }
 }
 
-TEST_F(SolveMip, PoolSolutionsAreReadByNumber) {
-  readInstance("stein27.mps.gz");
-  setInt("MIP/SolutionPoolSize", 5);
-  optimize();
-  const int count = intAttr("SolCount");
-  ASSERT_GE(count, 1);
-  EXPECT_LE(count, 5);
-  double previous = -1e30;
-  for (int k = 0; k < count; ++k) {
-    setInt("MIP/SolutionNumber", k);
-    double objective = dbl("PoolNObjVal");
-    EXPECT_GE(objective, previous - 1e-9) << "best first (minimising)";
-    previous = objective;
-    std::vector<double> xn = dblArray("Xn", 27);
-    double sum = 0;
-    for (double v : xn) sum += v;  // stein27's objective counts the ones
-    EXPECT_NEAR(sum, objective, 1e-6);
+// The pool holds distinct points (at least one integer column apart), best
+// first, each with its own objective value; the first is the solution.
+TEST_F(SolveMip, PoolSolutionsAreDistinctAndBestFirst) {
+  for (const char* instance : {"p0548.mps.gz", "lseu.mps.gz"}) {
+    SCOPED_TRACE(instance);
+    readInstance(instance);
+    setInt("MIP/SolutionPoolSize", 5);
+    optimize();
+    const int n = intAttr("NumVars"), count = intAttr("SolCount");
+    ASSERT_GE(count, 1);
+    EXPECT_LE(count, 5);
+    const std::vector<double> c = dblArray("Obj", n);
+    std::vector<std::vector<double>> seen;
+    double previous = -KLO_INFINITY;
+    for (int k = 0; k < count; ++k) {
+      setInt("MIP/SolutionNumber", k);
+      const double objective = dbl("PoolNObjVal");
+      const std::vector<double> xn = dblArray("Xn", n);
+      double value = dbl("ObjCon");
+      for (int j = 0; j < n; ++j) value += c[j] * xn[j];
+      EXPECT_NEAR(value, objective, 1e-6 * std::max(1.0, std::fabs(objective))) << k;
+      if (k == 0) {
+        EXPECT_EQ(xn, dblArray("X", n));
+      }
+      EXPECT_GE(objective, previous - 1e-9) << "best first (minimising)";
+      previous = objective;
+      for (const std::vector<double>& other : seen) {
+        double apart = 0;
+        for (int j = 0; j < n; ++j) apart = std::max(apart, std::fabs(other[j] - xn[j]));
+        EXPECT_GT(apart, 0.5) << "solution " << k << " repeats an earlier one";
+      }
+      seen.push_back(xn);
+    }
+    setInt("MIP/SolutionNumber", count);
+    double v = 0;
+    EXPECT_EQ(KLOgetdblattr(model, "PoolNObjVal", &v), KLO_ERROR_DATA_NOT_AVAILABLE);
   }
-  setInt("MIP/SolutionNumber", count);
-  double v = 0;
-  EXPECT_EQ(KLOgetdblattr(model, "PoolNObjVal", &v), KLO_ERROR_DATA_NOT_AVAILABLE);
+}
+
+// "MIP/MaxSols" k stops the search at its k-th distinct solution, and
+// exactly k are reported.  p0548 finds 2 with Cbc's heuristics, and more
+// than 20 in the tree without heuristics and cuts.
+TEST_F(SolveMip, MaxSolsCountsExactly) {
+  const std::pair<int, int> cases[] = {{1, -1}, {1, 0}, {2, 0}, {3, 0}};  // k, "MIP/LevelHeurs"
+  for (const auto& [k, heuristics] : cases) {
+    SCOPED_TRACE(std::to_string(k) + " solutions, heuristics " + std::to_string(heuristics));
+    readInstance("p0548.mps.gz");
+    setInt("MIP/MaxSols", k);
+    setInt("MIP/LevelHeurs", heuristics);
+    setInt("MIP/LevelCuts", heuristics);
+    optimize();
+    EXPECT_EQ(intAttr("Status"), KLO_STATUS_SOLUTION_LIMIT);
+    EXPECT_EQ(intAttr("SolCount"), k);
+  }
 }
 
 // With no nodes allowed and heuristics off, the solution can only be the
@@ -148,6 +182,27 @@ TEST_F(SolveMip, StartIsUsed) {
   optimize();
   ASSERT_EQ(intAttr("HasSolution"), 1);
   EXPECT_GE(dbl("ObjVal"), 22 - 1e-6);
+}
+
+// After a solve, start files (.mst) and solution files (.sol) both carry
+// the incumbent, and either reads back into a fresh copy as its start.
+TEST_F(SolveMip, IncumbentReadsBackAsTheStart) {
+  knapsack();
+  KLOmodel* fresh = KLOcopymodel(model);
+  ASSERT_NE(fresh, nullptr);
+  optimize();
+  const std::vector<double> x = dblArray("X", 5);
+  for (const char* suffix : {".mst", ".sol"}) {
+    SCOPED_TRACE(suffix);
+    TempFile file(suffix);
+    ASSERT_EQ(KLOwrite(model, file.c_str()), KLO_OK) << modelError();
+    ASSERT_EQ(KLOreset(fresh, 1), KLO_OK);
+    ASSERT_EQ(KLOread(fresh, file.c_str()), KLO_OK) << KLOgeterrormsg(KLOgetenv(fresh));
+    std::vector<double> start(5, -1);
+    ASSERT_EQ(KLOgetdblattrarray(fresh, "Start", 0, 5, start.data()), KLO_OK);
+    EXPECT_EQ(start, x);
+  }
+  KLOfreemodel(fresh);
 }
 
 // A cutoff above the optimum (maximising: 25 > 24) leaves nothing to find.

@@ -128,18 +128,18 @@ TEST_F(Model, FailedRelaxFreesTheCopyOnce) {
   EXPECT_EQ(klo_fake::callsOf("KLOfreemodel").size(), 1u);
 }
 
-TEST_F(Model, ShortFeasRelaxUsesTheSmallerCountForEveryArray) {
+TEST_F(Model, ShortFeasRelaxGivesEachArrayItsOwnCount) {
   auto model = readModel(3, 5);
   klo_fake::on("KLOgetintattr", "NumVars").out(2, 3LL);
   klo_fake::on("KLOgetintattr", "NumConstrs").out(2, 5LL);
-  klo_fake::on("KLOfeasrelax").arrayLength(3, 3).arrayLength(4, 3).arrayLength(5, 3).out(6, 7.5);
+  klo_fake::on("KLOfeasrelax").arrayLength(3, 3).arrayLength(4, 3).arrayLength(5, 5).out(6, 7.5);
   EXPECT_EQ(model->feasRelax(0, false, true, true), 0.0);
   EXPECT_EQ(klo_fake::strs().back(),
-            "KLOfeasrelax(ptr, 0, 0, [1, 1, 1], [1, 1, 1], [1, 1, 1], ptr)");
+            "KLOfeasrelax(ptr, 0, 0, [1, 1, 1], [1, 1, 1], [1, 1, 1, 1, 1], ptr)");
   EXPECT_EQ(model->feasRelax(1, true, false, true), 7.5);
   EXPECT_EQ(klo_fake::strs().back(),
-            "KLOfeasrelax(ptr, 1, 1, [1e+20, 1e+20, 1e+20], [1e+20, 1e+20, 1e+20], [1, 1, 1], "
-            "ptr)");
+            "KLOfeasrelax(ptr, 1, 1, [1e+20, 1e+20, 1e+20], [1e+20, 1e+20, 1e+20], "
+            "[1, 1, 1, 1, 1], ptr)");
 }
 
 TEST_F(Model, ShortFeasRelaxOnAnEmptyModelPassesNullArrays) {

@@ -1,5 +1,6 @@
-// klo_cl: reads a model file, sets parameters given as Name=value, solves,
-// prints the log and a summary, and writes the files named by ResultFile=.
+// klo_cl: reads a model file, sets parameters given as Name=value or in
+// parameter files, solves, prints the log and a summary, and writes the
+// files named by ResultFile=.
 //
 // Exit status: 0 when the model was solved (whatever its status), 1 when the
 // library refused something (unreadable file, value out of range, ...), 2
@@ -19,11 +20,13 @@
 namespace {
 
 const char* const kUsage =
-    "usage: klo_cl [Name=value ...] model-file\n"
+    "usage: klo_cl [Name=value | file.prm ...] model-file\n"
     "\n"
     "Reads an MPS (.mps, .qps), LP (.lp) or SDPA (.dat-s) model file (plain or .gz),\n"
     "solves it and prints a summary.\n"
     "Name=value sets a parameter (names in any letter case).\n"
+    "file.prm, or ParamFile=file, reads parameters from a file (\"Name value\" a line,\n"
+    "'#' starts a comment). Settings and files apply in the order given.\n"
     "ResultFile=file writes a result after the solve, by its extension: .sol\n"
     "(solution), .mps, .qps, .lp or .dat-s (model), .mst (start), .prm (parameters), .bas\n"
     "(basis);\n"
@@ -41,6 +44,21 @@ int fail(const std::string& what, const klo_cl::LibraryError& e) {
 void keepFreedMemory() {
   mallopt(M_MMAP_THRESHOLD, 16 << 20);
   mallopt(M_TRIM_THRESHOLD, 64 << 20);
+}
+
+// Applies one Name=value setting or parameter file: 0, or fail()'s status.
+int applySetting(KLOenv* env, const std::string& name, const std::string& value) {
+  try {
+    if (name == klo_cl::kParamFile)
+      klo_cl::check(env, KLOreadparams(env, value.c_str()));
+    else
+      klo_cl::setParameter(env, name, value);
+  } catch (const klo_cl::LibraryError& e) {
+    return fail(
+        name == klo_cl::kParamFile ? "cannot read " + value : "cannot set " + name + "=" + value,
+        e);
+  }
+  return 0;
 }
 
 int solve(KLOenv* env, const klo_cl::Options& options) {
@@ -78,13 +96,8 @@ int main(int argc, char** argv) {
   try {
     klo_cl::Environment environment;  // parameters first, so that LogFile applies from the start
     KLOenv* env = environment.env;
-    for (const auto& [name, value] : options.parameters) {
-      try {
-        klo_cl::setParameter(env, name, value);
-      } catch (const klo_cl::LibraryError& e) {
-        return fail("cannot set " + name + "=" + value, e);
-      }
-    }
+    for (const auto& [name, value] : options.parameters)
+      if (int rc = applySetting(env, name, value)) return rc;
     klo_cl::check(env, KLOstartenv(env));
     if (!options.help) return solve(env, options);
     std::cout << kUsage << "\nParameters:\n";

@@ -6,6 +6,10 @@ namespace {
 
 bool isHelp(const std::string& a) { return a == "--help" || a == "-h" || a == "-?"; }
 
+bool isParamFile(const std::string& a) {
+  return a.size() > 4 && a.compare(a.size() - 4, 4, ".prm") == 0;
+}
+
 void addSetting(Options& o, const std::string& arg, std::size_t eq) {
   std::string name = arg.substr(0, eq);
   std::string value = arg.substr(eq + 1);
@@ -26,6 +30,8 @@ Options parseCommandLine(const std::vector<std::string>& args) {
       o.help = true;
     } else if (std::size_t eq = arg.find('='); eq != std::string::npos) {
       addSetting(o, arg, eq);
+    } else if (isParamFile(arg)) {
+      o.parameters.emplace_back(kParamFile, arg);
     } else if (!arg.empty() && arg[0] == '-') {
       throw UsageError("unknown option " + arg);
     } else if (o.modelFile.empty()) {

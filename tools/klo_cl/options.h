@@ -8,10 +8,15 @@
 
 namespace klo_cl {
 
+// The setting name under which parameter files join the parameters, so
+// that files and Name=value settings apply in command-line order.
+inline const std::string kParamFile = "ParamFile";
+
 struct Options {
   bool help = false;
-  std::vector<std::pair<std::string, std::string>> parameters;  // Name=value, in order
-  std::vector<std::string> resultFiles;                         // ResultFile=...
+  // Name=value, and (kParamFile, path) for a parameter file, in order.
+  std::vector<std::pair<std::string, std::string>> parameters;
+  std::vector<std::string> resultFiles;  // ResultFile=...
   std::string modelFile;
 };
 
@@ -20,7 +25,7 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Reads `klo_cl [--help] [Name=value ...] model-file`.
+// Reads `klo_cl [--help] [Name=value | file.prm ...] model-file`.
 Options parseCommandLine(const std::vector<std::string>& args);
 
 }  // namespace klo_cl

@@ -66,6 +66,7 @@
 #include "engine/log.h"
 #include "engine/nlp/quad_nlp.h"
 #include "engine/problem_eval.h"
+#include "engine/solution_pool.h"
 #include "klo_c.h"
 
 namespace klo::engine {
@@ -224,7 +225,7 @@ class BonminRun {
       std::vector<double> x = cleaned(q.x.data());
       earlier.push_back(PoolSolution{objectiveOf(p_, x.data()), std::move(x)});
     }
-    fillPool(r_, earlier, s_.solutionPoolSize);
+    fillPool(r_, p_, s_, earlier);
   }
 
   int status(Bonmin::Bab& bab) const {

@@ -39,7 +39,6 @@ void addHeuristics(Args& a, int level) {
 void addLimits(Args& a, const Problem& p, const Settings& s, double timeLeft) {
   if (timeLeft < KLO_INFINITY) add(a, "seconds", formatNumber(timeLeft));
   if (s.maxNodes < INT_MAX) add(a, "maxNodes", std::to_string(s.maxNodes));
-  if (s.maxSolutions < INT_MAX) add(a, "maxSolutions", std::to_string(s.maxSolutions));
   add(a, "allowableGap", formatNumber(s.gapAbs));
   add(a, "ratioGap", formatNumber(s.gapRel));
   // Cbc minimises, without our constant: a maximisation reaches it negated.

@@ -33,6 +33,9 @@
 //  - SOS sets (CbcSOS) survive preprocessing only on its "sos" setting, and
 //    even then it asserts on sets it cannot handle (a member that may be
 //    negative, members fixed at 0): with SOS sets preprocessing is off.
+//  - Cbc's "-maxSolutions" counts solutions the user never sees (found
+//    before preprocessing, or the same point again): "MIP/MaxSols" is
+//    counted by our event handler on distinct points, which stops the search.
 //  - Cbc's saved solutions ("-maxSavedSolutions") overrun a buffer when
 //    preprocessing removed columns (seen with AddressSanitizer), so the pool
 //    is kept by our event handler instead, from every incumbent mapped back
@@ -68,6 +71,7 @@
 #include "engine/engine.h"
 #include "engine/log.h"
 #include "engine/problem_eval.h"
+#include "engine/solution_pool.h"
 #include "klo_c.h"
 
 namespace klo::engine {
@@ -234,7 +238,8 @@ class CbcRun {
         return std::fabs(s_.cutoff) < KLO_INFINITY ? KLO_STATUS_CUTOFF : KLO_STATUS_INFEASIBLE;
       case 3: return KLO_STATUS_NODE_LIMIT;
       case 4: return KLO_STATUS_TIME_LIMIT;
-      case 5: return KLO_STATUS_INTERRUPTED;
+      case 5:
+        return state_.solutionLimitReached ? KLO_STATUS_SOLUTION_LIMIT : KLO_STATUS_INTERRUPTED;
       case 6: return KLO_STATUS_SOLUTION_LIMIT;
       case 7: return r_.hasSolution ? KLO_STATUS_UNBOUNDED : KLO_STATUS_INF_OR_UNBD;
       case 8: return KLO_STATUS_ITERATION_LIMIT;
@@ -250,7 +255,7 @@ class CbcRun {
       r_.x.assign(best, best + n);
       r_.objective = objectiveOf(p_, best);
       r_.activities = rowActivities(p_, best);
-      fillPool(r_, state_.incumbents, s_.solutionPoolSize);
+      fillPool(r_, p_, s_, state_.incumbents);
     }
     r_.status = status(m);
     r_.nodeCount = m.getNodeCount();

@@ -24,7 +24,7 @@ CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
              model_->getSolutionCount() > s.solutionsSeen) {
     incumbent();
   }
-  return s.stopRequested ? stop : noAction;
+  return s.stopRequested || s.solutionLimitReached ? stop : noAction;
 }
 
 // With lazy constraints the callback sees candidates (here the candidate
@@ -43,7 +43,7 @@ void SearchEvents::incumbent() {
   s.observe(*model_);
   std::vector<double> x = originalIncumbent();
   if (!x.empty()) {
-    s.incumbents.push_back(PoolSolution{objectiveOf(s.problem, x.data()), x});
+    s.addIncumbent(std::move(x));
     s.ctx.solution = s.incumbents.back().x.data();
     if (!s.ctx.lazyConstraints) s.call(KLO_CB_MIPSOL);  // seen as a candidate already
   }

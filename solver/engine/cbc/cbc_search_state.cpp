@@ -11,6 +11,7 @@
 #include "engine/coin/coin_problem.h"
 #include "engine/log.h"
 #include "engine/problem_eval.h"
+#include "engine/solution_pool.h"
 #include "klo_c.h"
 
 namespace klo::engine {
@@ -44,6 +45,18 @@ void SearchState::call(int where) {
   ctx.where = where;
   if (callback(ctx) == KLO_CB_STOP) stopRequested = true;
   ctx.solution = ctx.nodeRelaxation = ctx.nodeLower = ctx.nodeUpper = nullptr;
+}
+
+// Cbc's own solution count differs from what the user sees (points found
+// before preprocessing, the same point found again), so the limit is
+// counted here, on distinct points.
+void SearchState::addIncumbent(std::vector<double> x) {
+  const bool repeat = std::any_of(incumbents.begin(), incumbents.end(), [&](const PoolSolution& q) {
+    return samePoint(problem, settings, q.x, x);
+  });
+  const double objective = objectiveOf(problem, x.data());
+  incumbents.push_back(PoolSolution{objective, std::move(x)});
+  if (!repeat && ++distinctSolutions >= settings.maxSolutions) solutionLimitReached = true;
 }
 
 void SearchState::observe(CbcModel& m) {

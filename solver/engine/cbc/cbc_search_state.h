@@ -53,6 +53,10 @@ class SearchState : public CallbackActions {
   // Incumbents in the original columns, in the order found (each better
   // than the one before); the solution pool comes from them.
   std::vector<PoolSolution> incumbents;
+  // Distinct points among them; at "MIP/MaxSols" the search stops.
+  int distinctSolutions = 0;
+  bool solutionLimitReached = false;
+  void addIncumbent(std::vector<double> x);
   OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
   BranchRequest branchRequest;      // for the node being processed
   std::mutex eventMutex;            // Cbc's threads raise events concurrently
