@@ -849,18 +849,38 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *    "MIP/LinearizationBigM"  the switch of a semi-continuous or semi-integer
  *                            variable with an infinite bound; the largest M of
  *                            an indicator constraint
- *  Accepted and not used by these engines: "PostScaling", "Dualization",
- *  "EnableNetworkFlow", "EnableStochasticLP", "NumericFocus",
- *  "SPX/ColumnGeneration", "SPX/CrashStart", "SPX/PrimalPricing",
- *  "SPX/DualPricing", "IPM/NumericFocus", "IPM/GapTolerance" (Clp's barrier
- *  has a fixed gap rule), "PresolveTolerance", "MIP/LevelProbing",
- *  "MIP/LevelStrong", "MIP/LevelSubmip", "MIP/RootParallelism",
- *  "MIP/AutoConfiguration", "MIP/AllowDualPresolve", "MIP/Disconnected",
- *  "MIP/DetectDisconnectedComponents", "MIP/MaxStallingNodes",
- *  "MIP/Static", "MIP/ObjectiveTolerance", "MIP/Heuristics",
- *  "MIP/NoRelHeurWork", "SolutionTarget" (LP solutions are always basic) and
- *  the "PDHG/..." parameters.  "MIP/SolutionNumber" and "ObjNumber" choose
- *  what attributes read.  The parameters of the model's own environment
+ *    "MIP/LevelProbing"      MIP: 0 off, 1 root only, -1 and 2 default, 3 every node
+ *    "MIP/LevelStrong"       MIP: 0 pseudo-costs only, 1 five candidates, -1 and 2
+ *                            default, 3 fifty candidates trusted after 20 branches
+ *    "MIP/MaxStallingNodes"  MIP: stops (KLO_STATUS_NODE_LIMIT) after this many
+ *                            nodes without a better incumbent; -1 no limit
+ *    "MIP/ObjectiveTolerance"  MIP: a new incumbent must improve by this much
+ *                            (Cbc keeps a larger step it derives from an
+ *                            integral objective)
+ *  Accepted and not used, each with its reason (setting one away from its
+ *  default writes a line saying so to the log):
+ *    "PostScaling", "NumericFocus", "IPM/NumericFocus": Clp scales once
+ *      and has no numerical-care mode beyond its tolerances;
+ *    "Dualization": Clp solves the model as given ("Method" picks dual
+ *      simplex instead);
+ *    "EnableNetworkFlow": Clp's network method needs a pure network matrix,
+ *      which the library does not detect;
+ *    "EnableStochasticLP": there is no engine for stochastic programs;
+ *    "SPX/ColumnGeneration", "SPX/CrashStart", "SPX/PrimalPricing",
+ *      "SPX/DualPricing": Clp's own pricing and starting basis are used;
+ *    "IPM/GapTolerance" for LPs: Clp's barrier has a fixed gap rule (the
+ *      quadratic and semidefinite engines use it);
+ *    "PresolveTolerance": Clp's presolve tolerances are fixed;
+ *    "MIP/LevelSubmip": Cbc's sub-MIP heuristics are the neighbourhood
+ *      searches that "MIP/LevelHeurs" 3 turns on;
+ *    "MIP/Heuristics", "MIP/NoRelHeurWork": Cbc has no effort budget for
+ *      heuristics ("MIP/LevelHeurs" chooses which run);
+ *    "MIP/RootParallelism", "MIP/AutoConfiguration", "MIP/Static",
+ *      "MIP/Disconnected", "MIP/DetectDisconnectedComponents",
+ *      "MIP/AllowDualPresolve": Cbc has no such modes;
+ *    "SolutionTarget": LP solutions are always basic;
+ *    the "PDHG/..." parameters: no first-order method yet.
+ *  "MIP/SolutionNumber" and "ObjNumber" choose what attributes read.  The parameters of the model's own environment
  *  apply to every pass of a multi-objective solve.
  *
  *  Callbacks (KLOsetcallbackfunc) are called at KLO_CB_SIMPLEX (each

@@ -22,6 +22,11 @@
 //  "MIP/LevelCuts"         levelCuts             -                 0 off, 1 root, 2 and -1 default, 3 every node
 //  "MIP/LevelHeurs"        levelHeurs            -                 0 off, 1 rounding and pump, 2 and -1 default,
 //                                                                  3 adds RENS, RINS, DINS, proximity
+//  "MIP/LevelProbing"      levelProbing          -                 0 off, 1 root, 2 and -1 default, 3 every node
+//  "MIP/LevelStrong"       levelStrong           -                 0 pseudo-costs only, 1 5 candidates, 2 and -1
+//                                                                  default, 3 50 candidates trusted after 20
+//  "MIP/MaxStallingNodes"  maxStallingNodes      -                 yes (our event handler; node limit status)
+//  "MIP/ObjectiveTolerance" objectiveTolerance   -                 the cutoff increment, when above Cbc's own
 //  "MIP/SolutionPoolSize"  solutionPoolSize      -                 yes                  -
 //  "MIP/EnableLazyConstr"  lazyConstraints       -                 yes (with a callback)
 //  "NumThreads"            numThreads            no (serial)       > 1: Cbc's threads, unless a callback is set
@@ -66,8 +71,12 @@ struct Settings {
   double gapRel = 1e-4;
   double cutoff = KLO_INFINITY;  // in the model's sense; +-1e20: none
   double integerTolerance = 1e-6;
-  int levelCuts = -1;   // -1 automatic, 0 off .. 3 aggressive
-  int levelHeurs = -1;  // -1 automatic, 0 off .. 3 aggressive
+  int levelCuts = -1;                // -1 automatic, 0 off .. 3 aggressive
+  int levelHeurs = -1;               // -1 automatic, 0 off .. 3 aggressive
+  int levelProbing = -1;             // -1 automatic, 0 off .. 3 aggressive
+  int levelStrong = -1;              // -1 automatic, 0 off .. 3 aggressive
+  int maxStallingNodes = -1;         // nodes without a better incumbent; -1: no limit
+  double objectiveTolerance = 1e-6;  // the least improvement of an incumbent
   int solutionPoolSize = 10;
   // Cuts given at KLO_CB_MIPSOL are lazy constraints: the candidate the
   // callback sees is rejected while it violates one.

@@ -24,6 +24,10 @@ void mipSettings(engine::Settings& s, const ParamSet& p) {
   s.integerTolerance = p.getDbl("MIP/IntegerTolerance");
   s.levelCuts = p.getInt("MIP/LevelCuts");
   s.levelHeurs = p.getInt("MIP/LevelHeurs");
+  s.levelProbing = p.getInt("MIP/LevelProbing");
+  s.levelStrong = p.getInt("MIP/LevelStrong");
+  s.maxStallingNodes = p.getInt("MIP/MaxStallingNodes");
+  s.objectiveTolerance = p.getDbl("MIP/ObjectiveTolerance");
   s.solutionPoolSize = p.getInt("MIP/SolutionPoolSize");
   s.lazyConstraints = p.getInt("MIP/EnableLazyConstr") != 0;
 }

@@ -21,6 +21,26 @@ void addCuts(Args& a, int level) {
   if (level == 3) add(a, "cuts", "on");
 }
 
+void addProbing(Args& a, int level) {
+  if (level == 0) add(a, "probingCuts", "off");
+  if (level == 1) add(a, "probingCuts", "root");
+  if (level == 3) add(a, "probingCuts", "forceOn");
+}
+
+// Strong branching: how many candidates are tried, and after how many
+// branches a column's pseudo-costs are trusted instead.
+void addStrong(Args& a, int level) {
+  if (level == 0) {
+    add(a, "strongBranching", "0");
+    add(a, "trustPseudoCosts", "0");
+  }
+  if (level == 1) add(a, "strongBranching", "5");
+  if (level == 3) {
+    add(a, "strongBranching", "50");
+    add(a, "trustPseudoCosts", "20");
+  }
+}
+
 void addHeuristics(Args& a, int level) {
   if (level == 0) add(a, "heuristicsOnOff", "off");
   if (level == 1) {
@@ -65,6 +85,8 @@ std::vector<std::string> cbcArguments(const Problem& p, const Settings& s, doubl
   addLimits(a, p, s, timeLeft);
   add(a, "integerTolerance", formatNumber(s.integerTolerance));
   addCuts(a, s.levelCuts);
+  addProbing(a, s.levelProbing);
+  addStrong(a, s.levelStrong);
   // A heuristic's point that breaks an SOS set of integer members makes
   // Cbc assert when it checks the point (CbcSOS::feasibleRegion).
   addHeuristics(a, sosOfIntegers(p) ? 0 : s.levelHeurs);

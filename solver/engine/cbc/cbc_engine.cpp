@@ -114,7 +114,10 @@ class CbcRun {
   static CbcRun* current;
   static int beforeSearch(CbcModel* model, int whereFrom) {
     if (whereFrom == 1) current->firstLpSeconds_ = model->getCurrentSeconds();
-    if (whereFrom == 3) current->limitSearchTime(*model);
+    if (whereFrom == 3) {
+      current->limitSearchTime(*model);
+      current->objectiveTolerance(*model);
+    }
     // With a callback: every node in the search, and branch requests that
     // do not crash it (see the quirks).
     if (whereFrom == 3 && current->cb_) {
@@ -136,6 +139,14 @@ class CbcRun {
     const OsiSolverInterface& solver = *model.solver();
     state_.stopRequested |= raisePresolve(cb_, state_.ctx, p_.numCols() - solver.getNumCols(),
                                           p_.numRows() - solver.getNumRows());
+  }
+
+  // "MIP/ObjectiveTolerance" is Cbc's cutoff increment: a new incumbent
+  // must beat the last by that much.  Cbc derives a larger one from
+  // integral objectives, which stays.
+  void objectiveTolerance(CbcModel& model) const {
+    const double own = model.getDblParam(CbcModel::CbcCutoffIncrement);
+    model.setDblParam(CbcModel::CbcCutoffIncrement, std::max(own, s_.objectiveTolerance));
   }
 
   // Cbc's "seconds" bound the search alone; after it, undoing preprocessing
@@ -239,6 +250,7 @@ class CbcRun {
       case 3: return KLO_STATUS_NODE_LIMIT;
       case 4: return KLO_STATUS_TIME_LIMIT;
       case 5:
+        if (state_.stalled) return KLO_STATUS_NODE_LIMIT;
         return state_.solutionLimitReached ? KLO_STATUS_SOLUTION_LIMIT : KLO_STATUS_INTERRUPTED;
       case 6: return KLO_STATUS_SOLUTION_LIMIT;
       case 7: return r_.hasSolution ? KLO_STATUS_UNBOUNDED : KLO_STATUS_INF_OR_UNBD;

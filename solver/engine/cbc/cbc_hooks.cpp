@@ -16,6 +16,8 @@ CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
   if (e == node) {
     s.branchRequest.column = -1;  // a request lasts for its own node only
     s.observe(*model_);
+    const int stall = s.settings.maxStallingNodes;
+    if (stall >= 0 && s.ctx.nodeCount - s.lastImprovementNode > stall) s.stalled = true;
     s.call(KLO_CB_MIP);
     s.progress(false, false);
   } else if (e == beforeSolution2 && s.ctx.lazyConstraints) {
@@ -24,7 +26,7 @@ CbcEventHandler::CbcAction SearchEvents::event(CbcEvent e) {
              model_->getSolutionCount() > s.solutionsSeen) {
     incumbent();
   }
-  return s.stopRequested || s.solutionLimitReached ? stop : noAction;
+  return s.stopRequested || s.solutionLimitReached || s.stalled ? stop : noAction;
 }
 
 // With lazy constraints the callback sees candidates (here the candidate
@@ -41,6 +43,7 @@ void SearchEvents::incumbent() {
   SearchState& s = *state_;
   s.solutionsSeen = model_->getSolutionCount();
   s.observe(*model_);
+  s.lastImprovementNode = s.ctx.nodeCount;
   std::vector<double> x = originalIncumbent();
   if (!x.empty()) {
     s.addIncumbent(std::move(x));

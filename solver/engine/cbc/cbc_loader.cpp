@@ -35,6 +35,10 @@ EngineEntry cbcEntry() {
                      "MIP/IntegerTolerance",
                      "MIP/LevelCuts",
                      "MIP/LevelHeurs",
+                     "MIP/LevelProbing",
+                     "MIP/LevelStrong",
+                     "MIP/MaxStallingNodes",
+                     "MIP/ObjectiveTolerance",
                      "MIP/SolutionPoolSize",
                      "MIP/EnableLazyConstr",
                      "NumThreads"};

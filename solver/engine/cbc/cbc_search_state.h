@@ -56,6 +56,9 @@ class SearchState : public CallbackActions {
   // Distinct points among them; at "MIP/MaxSols" the search stops.
   int distinctSolutions = 0;
   bool solutionLimitReached = false;
+  // "MIP/MaxStallingNodes": nodes since the incumbent last improved.
+  long long lastImprovementNode = 0;
+  bool stalled = false;
   void addIncumbent(std::vector<double> x);
   OsiCuts* cutsOut = nullptr;       // where cuts go during a node callback
   BranchRequest branchRequest;      // for the node being processed
