@@ -176,6 +176,17 @@ TEST_F(SolveAnalysis, IisOutOfTimeSaysItIsNotProvenIrreducible) {
   EXPECT_EQ(intArray("IISVar", 2), (std::vector<int>{KLO_IIS_BOTH, KLO_IIS_BOTH}));
 }
 
+// z >= 1, x in [0, 10], x <= 3, and z = 1 implies x >= 5.
+void indicatorModel(SolveAnalysis& t) {
+  t.var(0, 0, 10);
+  t.var(0, 0, 1, 'B');
+  t.row({{1, 1}}, '>', 1);
+  t.row({{0, 1}}, '<', 3);
+  const int ind[] = {0};
+  const double val[] = {1};
+  ASSERT_EQ(KLOaddgenconstrIndicator(t.model, "g", 1, 1, 1, ind, val, '>', 5), KLO_OK);
+}
+
 // Binaries stay binary (their bounds count where they narrow [0, 1]);
 // indicators and semi-continuous variables take part through their
 // reformulations; the members are the model's own rows and bounds.
@@ -195,15 +206,7 @@ TEST_F(SolveAnalysis, IisOfBinariesIndicatorsAndSemicontinuousVariables) {
        {KLO_IIS_LOWER}},
       // z >= 1, x <= 3, and z = 1 implies x >= 5
       {"indicator",
-       [](SolveAnalysis& t) {
-         t.var(0, 0, 10);
-         t.var(0, 0, 1, 'B');
-         t.row({{1, 1}}, '>', 1);
-         t.row({{0, 1}}, '<', 3);
-         const int ind[] = {0};
-         const double val[] = {1};
-         ASSERT_EQ(KLOaddgenconstrIndicator(t.model, "g", 1, 1, 1, ind, val, '>', 5), KLO_OK);
-       },
+       indicatorModel,
        {KLO_IIS_LOWER, KLO_IIS_UPPER},
        {KLO_IIS_NONE, KLO_IIS_NONE}},
       // x 0 or in [2, 5], and 0.5 <= x <= 1: x's upper bound is not needed
@@ -242,15 +245,7 @@ TEST_F(SolveAnalysis, FeasRelaxOfIndicatorsAndSemicontinuousVariables) {
   const Case cases[] = {
       // z >= 1 (kept), x <= 3 (relaxed), z = 1 implies x >= 5
       {"indicator",
-       [](SolveAnalysis& t) {
-         t.var(0, 0, 10);
-         t.var(0, 0, 1, 'B');
-         t.row({{1, 1}}, '>', 1);
-         t.row({{0, 1}}, '<', 3);
-         const int ind[] = {0};
-         const double val[] = {1};
-         ASSERT_EQ(KLOaddgenconstrIndicator(t.model, "g", 1, 1, 1, ind, val, '>', 5), KLO_OK);
-       },
+       indicatorModel,
        inf, inf, 1, 2, 5},
       {"semi-continuous, lower bound",
        [](SolveAnalysis& t) {
