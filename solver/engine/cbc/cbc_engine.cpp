@@ -117,6 +117,7 @@ class CbcRun {
     if (whereFrom == 3) {
       current->limitSearchTime(*model);
       current->objectiveTolerance(*model);
+      current->state_.search = model;
     }
     // With a callback: every node in the search, and branch requests that
     // do not crash it (see the quirks).
@@ -135,10 +136,13 @@ class CbcRun {
 
   // KLO_CB_PRESOLVE, just before the search: with a callback there is no
   // preprocessing, so what it removed is what the search lacks.
-  void presolveDone(const CbcModel& model) {
+  void presolveDone(CbcModel& model) {
     const OsiSolverInterface& solver = *model.solver();
-    state_.stopRequested |= raisePresolve(cb_, state_.ctx, p_.numCols() - solver.getNumCols(),
-                                          p_.numRows() - solver.getNumRows());
+    if (raisePresolve(cb_, state_.ctx, p_.numCols() - solver.getNumCols(),
+                      p_.numRows() - solver.getNumRows())) {
+      state_.stopRequested = true;
+      model.setMaximumSeconds(model.getCurrentSeconds());
+    }
   }
 
   // "MIP/ObjectiveTolerance" is Cbc's cutoff increment: a new incumbent

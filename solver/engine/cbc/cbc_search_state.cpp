@@ -43,7 +43,12 @@ double SearchState::toCbc(double modelValue) const {
 void SearchState::call(int where) {
   if (!callback || stopRequested) return;
   ctx.where = where;
-  if (callback(ctx) == KLO_CB_STOP) stopRequested = true;
+  if (callback(ctx) == KLO_CB_STOP) {
+    stopRequested = true;
+    // Events come only between nodes, and the root can take long: a spent
+    // time limit ends its cut loop and heuristics too.
+    if (search) search->setMaximumSeconds(search->getCurrentSeconds());
+  }
   ctx.solution = ctx.nodeRelaxation = ctx.nodeLower = ctx.nodeUpper = nullptr;
 }
 

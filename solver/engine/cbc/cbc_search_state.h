@@ -48,6 +48,7 @@ class SearchState : public CallbackActions {
   const Callback& callback;
   CallbackContext ctx;
   bool stopRequested = false;
+  CbcModel* search = nullptr;  // the model the search runs on, once it starts
   int solutionsSeen = 0;
   std::vector<Proposal> proposals;  // accepted, waiting for the heuristic
   // Incumbents in the original columns, in the order found (each better
