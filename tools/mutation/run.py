@@ -5,8 +5,10 @@ rebuilds the library with another compiler and is random), and reports
 whether some test failed (caught) or all passed (missed).
 
 Usage: tools/mutation/run.py SOURCE_DIR BUILD_DIR [ctest args...]
+With KLO_BUILD_LOCK=FILE each build and test run holds flock(FILE), so that
+other builds on the machine take turns with it.
 The source tree is restored after each mutant, also on interruption."""
-import pathlib, re, subprocess, sys, time
+import os, pathlib, re, subprocess, sys, time
 
 here = pathlib.Path(__file__).parent
 src, build = pathlib.Path(sys.argv[1]), sys.argv[2]
@@ -21,6 +23,8 @@ def mutants():
 
 
 def run(cmd):
+    lock = os.environ.get("KLO_BUILD_LOCK")
+    cmd = ["flock", lock] + cmd if lock else cmd
     return subprocess.run(cmd, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
 
 
