@@ -9,7 +9,7 @@ Usage: tools/mutation/run.py SOURCE_DIR BUILD_DIR [ctest args...]
 With KLO_BUILD_LOCK=FILE each build and test run holds flock(FILE), so that
 other builds on the machine take turns with it.
 The source tree is restored after each mutant, also on interruption."""
-import os, pathlib, re, subprocess, sys, time
+import os, pathlib, re, signal, subprocess, sys, time
 
 here = pathlib.Path(__file__).parent
 src, build = pathlib.Path(sys.argv[1]), sys.argv[2]
@@ -29,6 +29,8 @@ def run(cmd):
     return subprocess.run(cmd, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
 
 
+# A stop by signal still restores the source tree (the finally below).
+signal.signal(signal.SIGTERM, lambda *_: sys.exit("stopped"))
 rows = []
 for n, (path, old, new) in enumerate(mutants(), 1):
     f = src / path
