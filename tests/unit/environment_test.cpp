@@ -1,53 +1,51 @@
 // KLOEnv: which library calls each constructor and operation makes, the
-// released flag of environments lent by a model, and setting by name.
-#include "fake_fixture.h"
+// checked-call rule behind every KLOException, the name tables, setting by
+// name (through an environment or a model) and environments lent by a model.
+#include <functional>
+#include <set>
+
+#include "env/check.h"
+#include "env/names.h"
+#include "fixture.h"
 
 namespace {
 
-class Environment : public FakeTest {};
+using Environment = FakeTest;
 
-TEST_F(Environment, EmptyEnvironmentCallsOnlyEmptyenv) {
+TEST_F(Environment, ConstructorsMakeAndFreeOneLibraryEnvironment) {
+  { KLOEnv empty(true); }
+  { KLOEnv loaded(false); }
+  { KLOEnv logged("run.log"); }
+  { KLOEnv other(std::string("other.log")); }
   {
-    KLOEnv env(true);
-    EXPECT_EQ(klo_fake::functions(), (std::vector<std::string>{"KLOemptyenv"}));
+    KLOEnv first(true);
+    KLOEnv second(std::move(first));  // freed once
   }
-  EXPECT_EQ(klo_fake::functions(), (std::vector<std::string>{"KLOemptyenv", "KLOfreeenv"}));
-}
-
-TEST_F(Environment, LoadedEnvironmentHasNoLogFileUnlessGivenOne) {
-  { KLOEnv env(false); }
-  { KLOEnv env("run.log"); }
-  { KLOEnv env(std::string("other.log")); }
-  EXPECT_EQ(klo_fake::strs(),
-            (Calls{"KLOloadenv(ptr, null)", "KLOfreeenv(ptr)", "KLOloadenv(ptr, \"run.log\")",
-                   "KLOfreeenv(ptr)", "KLOloadenv(ptr, \"other.log\")", "KLOfreeenv(ptr)"}));
-}
-
-TEST_F(Environment, FailedCreationFreesWhatTheLibraryMadeAndThrows) {
+  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOemptyenv(ptr)", "KLOfreeenv(ptr)", "KLOloadenv(ptr, null)",
+                                     "KLOfreeenv(ptr)", "KLOloadenv(ptr, \"run.log\")",
+                                     "KLOfreeenv(ptr)", "KLOloadenv(ptr, \"other.log\")",
+                                     "KLOfreeenv(ptr)", "KLOemptyenv(ptr)", "KLOfreeenv(ptr)"}));
+  klo_fake::reset();
   klo_fake::on("KLOloadenv").status(-7);
   klo_fake::explain(-7, "not started");
-  KLOException e = thrown([] { KLOEnv env; });
+  const KLOException e = thrown([] { KLOEnv failed; });
   EXPECT_EQ(e.getErrorCode(), -7);
   EXPECT_EQ(e.getMessage(), "not started");
-  EXPECT_EQ(klo_fake::functions(),
-            (std::vector<std::string>{"KLOloadenv", "KLOfreeenv", "KLOexplainerror"}));
+  EXPECT_EQ(klo_fake::functions(), (Calls{"KLOloadenv", "KLOfreeenv", "KLOexplainerror"}));
 }
 
-TEST_F(Environment, StartAndMessage) {
-  KLOEnv env(true);
-  klo_fake::reset();
-  env.start();
+TEST_F(Environment, OperationsAndParametersUseTheTableNames) {
   klo_fake::on("KLOmsg").status(-1);  // a failing log write is ignored
-  EXPECT_NO_THROW(env.message("hello"));
-  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOstartenv(ptr)", "KLOmsg(ptr, \"hello\")"}));
-}
-
-TEST_F(Environment, TypedParametersUseTheTableNames) {
-  KLOEnv env;
-  klo_fake::reset();
+  klo_fake::on("KLOresetparams").status(-1);
+  klo_fake::on("KLOreadparams").status(-3001);  // while files are checked
   klo_fake::on("KLOgetintparam").out(2, 12LL);
   klo_fake::on("KLOgetdblparam").out(2, 2.5);
   klo_fake::on("KLOgetstrparam").out(2, std::string("solver.log"));
+  env.start();
+  env.message("hello");
+  env.resetParams();
+  EXPECT_EQ(code([&] { env.readParams("missing.prm"); }), -3001);
+  env.writeParams("out.prm");
   EXPECT_EQ(env.get(KLO_IntParam_MIP_MaxNodes), 12);
   EXPECT_EQ(env.get(KLO_DoubleParam_MIP_GapAbs), 2.5);
   EXPECT_EQ(env.get(KLO_StringParam_LogFile), "solver.log");
@@ -56,100 +54,100 @@ TEST_F(Environment, TypedParametersUseTheTableNames) {
   env.set(KLO_StringParam_LogFile, "x.log");
   EXPECT_EQ(
       klo_fake::strs(),
-      (Calls{"KLOgetintparam(ptr, \"MIP/MaxNodes\", ptr)",
+      (Calls{"KLOstartenv(ptr)", "KLOmsg(ptr, \"hello\")", "KLOresetparams(ptr)",
+             "KLOreadparams(ptr, \"missing.prm\")", "KLOexplainerror(-3001)",
+             "KLOwriteparams(ptr, \"out.prm\")", "KLOgetintparam(ptr, \"MIP/MaxNodes\", ptr)",
              "KLOgetdblparam(ptr, \"MIP/GapAbs\", ptr)", "KLOgetstrparam(ptr, \"LogFile\", ptr)",
              "KLOsetintparam(ptr, \"Presolve\", 0)", "KLOsetdblparam(ptr, \"MIP/GapAbs\", 0.001)",
              "KLOsetstrparam(ptr, \"LogFile\", \"x.log\")"}));
-}
-
-TEST_F(Environment, ParameterInfoPassesTheCallersPointersThrough) {
-  KLOEnv env;
-  klo_fake::reset();
-  klo_fake::on("KLOgetintparaminfo").out(2, 5LL).out(3, -1LL).out(4, 9LL).out(5, 1LL);
-  int value = 0, min = 0, max = 0, def = 0;
-  env.getParamInfo(KLO_IntParam_Method, &value, &min, &max, &def);
-  EXPECT_EQ((std::vector<int>{value, min, max, def}), (std::vector<int>{5, -1, 9, 1}));
-  klo_fake::on("KLOgetdblparaminfo").out(2, 0.5).out(5, 0.25);
-  double dv = 0, dmin = 0, dmax = 0, ddef = 0;
-  env.getParamInfo(KLO_DoubleParam_MaxTime, &dv, &dmin, &dmax, &ddef);
-  EXPECT_EQ(dv, 0.5);
-  EXPECT_EQ(ddef, 0.25);
-  klo_fake::on("KLOgetstrparaminfo").out(2, std::string("now.log")).out(3, std::string(""));
-  std::string current = "?", initial = "?";
-  env.getParamInfo(KLO_StringParam_LogFile, current, initial);
-  EXPECT_EQ(current, "now.log");
-  EXPECT_EQ(initial, "");
-  EXPECT_EQ(klo_fake::strs()[2], "KLOgetstrparaminfo(ptr, \"LogFile\", ptr, ptr)");
-}
-
-TEST_F(Environment, ResetIgnoresFailuresWhileFilesAreChecked) {
-  KLOEnv env;
-  klo_fake::reset();
-  klo_fake::on("KLOresetparams").status(-1);
-  EXPECT_NO_THROW(env.resetParams());
-  klo_fake::on("KLOreadparams").status(-3001);
-  EXPECT_EQ(thrown([&] { env.readParams("missing.prm"); }).getErrorCode(), -3001);
-  env.writeParams("out.prm");
-  EXPECT_EQ(klo_fake::strs(),
-            (Calls{"KLOresetparams(ptr)", "KLOreadparams(ptr, \"missing.prm\")",
-                   "KLOexplainerror(-3001)", "KLOwriteparams(ptr, \"out.prm\")"}));
-}
-
-TEST_F(Environment, ErrorMessageIsTheLibrarysLastError) {
-  KLOEnv env;
   klo_fake::errorMessage("Unknown parameter \"Foo\"");
   EXPECT_EQ(env.getErrorMsg(), "Unknown parameter \"Foo\"");
 }
 
-// --- by-name setting: integer, then double, then string attempt ------------
+TEST_F(Environment, ParameterInfoPassesTheCallersPointersThrough) {
+  klo_fake::on("KLOgetintparaminfo").out(2, 5LL).out(3, -1LL).out(4, 9LL).out(5, 1LL);
+  klo_fake::on("KLOgetdblparaminfo").out(2, 0.5).out(3, -0.5).out(4, 1.5).out(5, 0.25);
+  klo_fake::on("KLOgetstrparaminfo").out(2, std::string("now.log")).out(3, std::string(""));
+  int i[4] = {};
+  double d[4] = {};
+  std::string current = "?", initial = "?";
+  env.getParamInfo(KLO_IntParam_Method, &i[0], &i[1], &i[2], &i[3]);
+  env.getParamInfo(KLO_DoubleParam_MaxTime, &d[0], &d[1], &d[2], &d[3]);
+  env.getParamInfo(KLO_StringParam_LogFile, current, initial);
+  EXPECT_EQ(std::vector<int>(i, i + 4), (std::vector<int>{5, -1, 9, 1}));
+  EXPECT_EQ(std::vector<double>(d, d + 4), (std::vector<double>{0.5, -0.5, 1.5, 0.25}));
+  EXPECT_EQ(current + "|" + initial, "now.log|");
+  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOgetintparaminfo(ptr, \"Method\", ptr, ptr, ptr, ptr)",
+                                     "KLOgetdblparaminfo(ptr, \"MaxTime\", ptr, ptr, ptr, ptr)",
+                                     "KLOgetstrparaminfo(ptr, \"LogFile\", ptr, ptr)"}));
+}
 
-TEST_F(Environment, ByNameIntegerTextStopsAtTheIntegerAttempt) {
-  KLOEnv env;
+// Setting by name tries an integer, then a double, then a string parameter;
+// statuses scripts those attempts, and the error of the last one is raised.
+struct ByName {
+  const char *name, *text;
+  std::vector<int> statuses;
+  Calls calls;
+};
+
+void expectByName(const ByName& c, const std::function<void()>& set) {
   klo_fake::reset();
-  env.set("MIP/MaxNodes", "12");
-  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}));
+  const char* functions[] = {"KLOsetintparam", "KLOsetdblparam", "KLOsetstrparam"};
+  for (std::size_t k = 0; k < c.statuses.size(); ++k)
+    klo_fake::on(functions[k]).status(c.statuses[k]);
+  EXPECT_EQ(FakeTest::code(set), c.statuses.size() == 3 ? c.statuses[2] : 0) << c.name;
+  EXPECT_EQ(klo_fake::strs(), c.calls) << c.name;
 }
 
-TEST_F(Environment, ByNameDecimalTextArrivesWholeAtTheDoubleAttempt) {
-  KLOEnv env;
-  klo_fake::reset();
-  klo_fake::on("KLOsetintparam", "MaxTime").status(-1006);
-  env.set("MaxTime", "1.5");
-  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOsetintparam(ptr, \"MaxTime\", 1)",
-                                     "KLOsetdblparam(ptr, \"MaxTime\", 1.5)"}));
+TEST_F(Environment, ByNameSettingStopsAtTheFirstAttemptThatTakes) {
+  const ByName cases[] = {
+      {"MIP/MaxNodes", "12", {}, {"KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}},
+      {"MaxTime",
+       "1.5",
+       {-1006},
+       {"KLOsetintparam(ptr, \"MaxTime\", 1)", "KLOsetdblparam(ptr, \"MaxTime\", 1.5)"}},
+      {"Presolve", "3.7", {}, {"KLOsetintparam(ptr, \"Presolve\", 3)"}},
+      // No leading number: both numeric reads fail and pass 0.
+      {"LogFile",
+       "abc.log",
+       {-1006, -1006},
+       {"KLOsetintparam(ptr, \"LogFile\", 0)", "KLOsetdblparam(ptr, \"LogFile\", 0)",
+        "KLOsetstrparam(ptr, \"LogFile\", \"abc.log\")"}},
+      {"NoSuchThing",
+       "1",
+       {-1005, -1005, -1004},
+       {"KLOsetintparam(ptr, \"NoSuchThing\", 1)", "KLOsetdblparam(ptr, \"NoSuchThing\", 1)",
+        "KLOsetstrparam(ptr, \"NoSuchThing\", \"1\")", "KLOexplainerror(-1004)"}},
+  };
+  for (const ByName& c : cases) expectByName(c, [&] { env.set(c.name, c.text); });
 }
 
-TEST_F(Environment, ByNameDecimalTextTruncatesForAnIntegerParameter) {
-  KLOEnv env;
-  klo_fake::reset();
-  env.set("Presolve", "3.7");
-  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOsetintparam(ptr, \"Presolve\", 3)"}));
+// The model's own by-name setting fetches the environment for each attempt
+// and reads the double on from where the integer read stopped.
+TEST_F(Environment, ModelByNameSettingFetchesTheEnvironmentEachTime) {
+  KLOModel model(env);
+  const std::string get = "KLOgetenv(ptr)";
+  const ByName cases[] = {
+      {"MIP/MaxNodes", "12", {}, {get, "KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}},
+      {"MaxTime",
+       "1.5",
+       {-1006},
+       {get, "KLOsetintparam(ptr, \"MaxTime\", 1)", get, "KLOsetdblparam(ptr, \"MaxTime\", 0.51)"}},
+      {"MaxTime",
+       "10",
+       {-1006},
+       {get, "KLOsetintparam(ptr, \"MaxTime\", 10)", get,
+        "KLOsetdblparam(ptr, \"MaxTime\", 1e+01)"}},
+      {"LogFile",
+       "run.log",
+       {-1006, -1006, -1005},
+       {get, "KLOsetintparam(ptr, \"LogFile\", 0)", get, "KLOsetdblparam(ptr, \"LogFile\", 0)", get,
+        "KLOsetstrparam(ptr, \"LogFile\", \"run.log\")", "KLOexplainerror(-1005)"}},
+  };
+  for (const ByName& c : cases) expectByName(c, [&] { model.set(c.name, c.text); });
 }
-
-TEST_F(Environment, ByNameTextEndsInTheStringAttempt) {
-  KLOEnv env;
-  klo_fake::reset();
-  klo_fake::on("KLOsetintparam").status(-1006);
-  klo_fake::on("KLOsetdblparam").status(-1006);
-  env.set("LogFile", "abc.log");
-  // No leading number: both numeric reads fail and pass 0.
-  EXPECT_EQ(klo_fake::strs(),
-            (Calls{"KLOsetintparam(ptr, \"LogFile\", 0)", "KLOsetdblparam(ptr, \"LogFile\", 0)",
-                   "KLOsetstrparam(ptr, \"LogFile\", \"abc.log\")"}));
-}
-
-TEST_F(Environment, ByNameUnknownNameRaisesTheStringAttemptsError) {
-  KLOEnv env;
-  klo_fake::on("KLOsetintparam").status(-1005);
-  klo_fake::on("KLOsetdblparam").status(-1005);
-  klo_fake::on("KLOsetstrparam").status(-1004);
-  EXPECT_EQ(thrown([&] { env.set("NoSuchThing", "1"); }).getErrorCode(), -1004);
-}
-
-// --- environments lent by a model ------------------------------------------
 
 TEST_F(Environment, LentEnvironmentIsNotFreedAndDiesWithItsModel) {
-  KLOEnv env;
   auto model = std::make_unique<KLOModel>(env);
   {
     KLOEnv lent = model->getEnv();
@@ -157,37 +155,90 @@ TEST_F(Environment, LentEnvironmentIsNotFreedAndDiesWithItsModel) {
   }
   EXPECT_TRUE(klo_fake::calls().empty());  // no KLOfreeenv
   KLOEnv lent = model->getEnv();
+  KLOEnv reassigned = model->getEnv();
+  reassigned = env;  // speaks to env's library environment but keeps its flag
+  reassigned.set(KLO_IntParam_Method, 1);
+  env.set(KLO_IntParam_Method, 2);
+  const auto sets = klo_fake::callsOf("KLOsetintparam");
+  EXPECT_EQ(sets[0].pointer(0), sets[1].pointer(0));
   model.reset();
   klo_fake::reset();
-  KLOException e = thrown([&] { lent.get(KLO_IntParam_Method); });
+  const KLOException e = thrown([&] { lent.get(KLO_IntParam_Method); });
   EXPECT_EQ(e.getErrorCode(), -100000);
   EXPECT_EQ(e.getMessage(), "Environment associated model has been released.");
-  EXPECT_EQ(thrown([&] { lent.getErrorMsg(); }).getErrorCode(), -100000);
-  EXPECT_EQ(thrown([&] { lent.set("Method", "1"); }).getErrorCode(), -100000);
-  EXPECT_EQ(thrown([&] { lent.resetParams(); }).getErrorCode(), -100000);
-  EXPECT_EQ(thrown([&] { lent.message("x"); }).getErrorCode(), -100000);
+  EXPECT_EQ(code([&] { lent.getErrorMsg(); }), -100000);
+  EXPECT_EQ(code([&] { lent.set("Method", "1"); }), -100000);
+  EXPECT_EQ(code([&] { lent.resetParams(); }), -100000);
+  EXPECT_EQ(code([&] { lent.message("x"); }), -100000);
   EXPECT_TRUE(klo_fake::calls().empty());
 }
 
-TEST_F(Environment, AssignmentCopiesOnlyTheLibraryPointer) {
-  KLOEnv owner;
-  KLOModel model(owner);
-  KLOEnv lent = model.getEnv();
-  lent = owner;  // lent now speaks to owner's environment but keeps its flag
-  klo_fake::reset();
-  lent.set(KLO_IntParam_Method, 1);
-  owner.set(KLO_IntParam_Method, 2);
-  const auto calls = klo_fake::calls();
-  ASSERT_EQ(calls.size(), 2u);
-  EXPECT_EQ(calls[0].pointer(0), calls[1].pointer(0));
+TEST_F(Environment, StatusesBecomeExceptionsWithTheLibrarysCodeAndText) {
+  EXPECT_EQ(KLOException(-7).getMessage() + "|" + std::to_string(KLOException(-7).getErrorCode()),
+            "|-7");
+  EXPECT_NO_THROW(klo_detail::check(0));
+  EXPECT_EQ(klo_detail::checkSubmission(0), 0);
+  EXPECT_EQ(klo_detail::checkSubmission(2), 2);  // only negative submissions fail
+  EXPECT_TRUE(klo_fake::calls().empty());        // success asks for no text
+  klo_fake::explain(1001, "explanation of one thousand and one");
+  klo_fake::explain(-2003, "Invalid variable index");
+  klo_fake::explain(-5002, "not in a callback");
+  const std::vector<std::pair<KLOException, std::string>> cases = {
+      {thrown([] { klo_detail::check(1001); }), "1001 explanation of one thousand and one"},
+      {thrown([] { klo_detail::check(-1005); }), "-1005 fake error -1005"},
+      {thrown([] { klo_detail::raise(-2003); }), "-2003 Invalid variable index"},
+      {thrown([] { klo_detail::checkSubmission(-5002); }), "-5002 not in a callback"},
+  };
+  for (const auto& [e, text] : cases)
+    EXPECT_EQ(std::to_string(e.getErrorCode()) + " " + e.getMessage(), text);
+  EXPECT_EQ(klo_fake::strs(), (Calls{"KLOexplainerror(1001)", "KLOexplainerror(-1005)",
+                                     "KLOexplainerror(-2003)", "KLOexplainerror(-5002)"}));
 }
 
-TEST_F(Environment, MovedEnvironmentIsFreedOnce) {
-  {
-    KLOEnv first(true);
-    KLOEnv second(std::move(first));
+TEST(Names, EnumeratorsNameTheirTableRow) {
+  using klo_detail::name;
+  const std::vector<std::pair<const char*, std::string>> cases = {
+      {name(KLO_IntAttr_NumVars), "NumVars"},
+      {name(static_cast<KLO_IntAttr>(32)), "NumBinVars"},
+      {name(KLO_IntAttr_SPX_NumIters), "SPX/NumIters"},
+      {name(static_cast<KLO_DoubleParam>(9)), "MIP/GapAbs"},  // both a parameter
+      {name(static_cast<KLO_DoubleAttr>(9)), "MIP/GapAbs"},   // and an attribute
+      {name(KLO_DoubleAttr_MIP_GapRel), "MIP/GapRel"},
+      {name(KLO_DoubleParam_MIP_GapRel), "MIP/GapRel"},
+      {name(KLO_IntAttr_NumConss), "NumConss"},  // near duplicates keep their rows
+      {name(KLO_IntAttr_NumConstrs), "NumConstrs"},
+      {name(KLO_DoubleAttr_PrimalSoln), "PrimalSoln"},
+      {name(static_cast<KLO_DoubleAttr>(19)), "X"},
+      {name(KLO_StringAttr_ProbName), "ProbName"},
+      {name(KLO_StringAttr_ModelName), "ModelName"},
+      {name(KLO_DoubleAttr_ObjNAbsTol), "ObjNAbsTol"},  // last rows
+      {name(KLO_StringAttr_GenConstrName), "GenConstrName"},
+      {name(KLO_MatAttr_PsdObj), "PsdObj"},
+      {name(KLO_IntParam_ObjNumber), "ObjNumber"},
+      {name(KLO_DoubleParam_PDHG_PrimalTolerance), "PDHG/PrimalTolerance"},
+  };
+  for (const auto& [got, expected] : cases) EXPECT_EQ(got, expected);
+  EXPECT_EQ(KLO_IntAttr_NumVars, 5);
+  for (int v : {0, 1, 7, -3}) {  // one fixed name whatever the value
+    EXPECT_STREQ(name(static_cast<KLO_CharAttr>(v)), "VType");
+    EXPECT_STREQ(name(static_cast<KLO_StringParam>(v)), "LogFile");
   }
-  EXPECT_EQ(klo_fake::functions(), (std::vector<std::string>{"KLOemptyenv", "KLOfreeenv"}));
+}
+
+// A row typed twice would make two enumerators name one attribute.
+template <std::size_t N>
+void expectDistinctRows(const char* const (&table)[N]) {
+  std::set<std::string> seen;
+  for (const char* row : table) EXPECT_TRUE(seen.insert(row).second) << row << " appears twice";
+}
+
+TEST(Names, NoTableRepeatsARow) {
+  expectDistinctRows(INT_ATTRNAMES);
+  expectDistinctRows(DBL_ATTRNAMES);
+  expectDistinctRows(STR_ATTRNAMES);
+  expectDistinctRows(MAT_ATTRNAMES);
+  expectDistinctRows(INT_PARNAMES);
+  expectDistinctRows(DBL_PARNAMES);
 }
 
 }  // namespace

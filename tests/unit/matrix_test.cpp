@@ -1,24 +1,31 @@
 // Sparse matrices: factories, ownership of caller arrays, sorting, the
-// merge behind + and -, scaling and copying.
+// merge behind + and -, scaling, copying and printing byte for byte.
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "klo_cpp.h"
 
 namespace {
 
-std::vector<int> positions(const KLOMatrix& m) {
-  return std::vector<int>(m.indices(), m.indices() + m.nonzeros());
+using Ints = std::vector<int>;
+using Doubles = std::vector<double>;
+
+Ints positions(const KLOMatrix& m) { return Ints(m.indices(), m.indices() + m.nonzeros()); }
+Doubles values(const KLOMatrix& m) { return Doubles(m.data(), m.data() + m.nonzeros()); }
+
+std::string printed(const KLOMatrix& m) {
+  std::ostringstream out;
+  out << m;
+  return out.str();
 }
 
-std::vector<double> values(const KLOMatrix& m) {
-  return std::vector<double>(m.data(), m.data() + m.nonzeros());
-}
-
-std::string outOfRange(void (*f)()) {
+template <class F>
+std::string outOfRange(F f) {
   try {
     f();
   } catch (const std::out_of_range& e) {
@@ -27,31 +34,44 @@ std::string outOfRange(void (*f)()) {
   return "nothing thrown";
 }
 
-TEST(MatrixFactories, FullOfZeroIsEmptyAndOfNaNIsNot) {
-  EXPECT_EQ(KLOMatrix::full(2, 3, 0.0).nonzeros(), 0);
-  EXPECT_EQ(KLOMatrix::full(2, 3, -0.0).nonzeros(), 0);
-  KLOMatrix nan = KLOMatrix::full(2, 3, std::nan(""));
+TEST(Matrix, FactoriesPlaceEntriesRowMajor) {
+  int rows[] = {1, 0}, cols[] = {2, 1}, csrStart[] = {0, 2}, csrCols[] = {0, 2, 1};
+  // csc: column 1 (= rows - 1) runs to nnz, column 2 reads colStart[3]; the
+  // overlapping and square starts stop at nnz instead of running past it.
+  int cscStart[] = {0, 1, 3, 3}, overlapping[] = {0, 1, 2, 3}, cscRows[] = {0, 1, 0};
+  int square[] = {0, 1, 1}, squareRows[] = {1, 0, 2};
+  double v[] = {1, 2, 3, 4, 5, 6};
+  const std::vector<std::pair<KLOMatrix, Ints>> cases = {
+      {KLOMatrix::ones(2, 3), {0, 1, 2, 3, 4, 5}},
+      {KLOMatrix::identity(3), {0, 4, 8}},
+      {KLOMatrix::zero(4, 5), {}},
+      {KLOMatrix(), {}},
+      {KLOMatrix::full(2, 3, 0.0), {}},
+      {KLOMatrix::full(2, 3, -0.0), {}},
+      {KLOMatrix::sparse(2, 2, {0, 1, 1}, {0, 1, 0}, {1.0, 2.0}), {0, 3}},
+      {KLOMatrix::dense(2, 2, {1, 2, 3, 4, 5}), {0, 1, 2, 3}},
+      {KLOMatrix::dense(2, 3, v), {0, 1, 2, 3, 4, 5}},
+      {KLOMatrix::coo(2, 3, 2, rows, cols, v), {5, 1}},
+      {KLOMatrix::csr(2, 3, 3, csrStart, csrCols, v), {0, 2, 4}},
+      {KLOMatrix::csc(2, 3, 3, cscStart, cscRows, v), {0, 4, 1}},
+      {KLOMatrix::csc(2, 3, 3, overlapping, cscRows, v), {0, 4, 1}},
+      {KLOMatrix::csc(3, 3, 3, square, squareRows, v), {3, 2, 8}},
+  };
+  for (const auto& [m, expected] : cases) EXPECT_EQ(positions(m), expected) << printed(m);
+  EXPECT_EQ(values(cases[0].first), Doubles(6, 1.0));
+  EXPECT_EQ(values(cases[1].first), Doubles(3, 1.0));
+  EXPECT_EQ(cases[2].first.rows() * 10 + cases[2].first.cols(), 45);
+  EXPECT_EQ(values(cases[6].first), (Doubles{1, 2}));
+  EXPECT_EQ(values(cases[7].first), (Doubles{1, 2, 3, 4}));
+  EXPECT_EQ(cases[8].first.data(), v);  // borrowed, not copied
+  EXPECT_EQ(cases[9].first.data(), v);
+  EXPECT_EQ(values(KLOMatrix::full(1, 2, 7.0)), (Doubles{7, 7}));
+  const KLOMatrix nan = KLOMatrix::full(2, 3, std::nan(""));
   ASSERT_EQ(nan.nonzeros(), 6);
-  for (double v : values(nan)) EXPECT_TRUE(std::isnan(v));
-  KLOMatrix sevens = KLOMatrix::full(1, 2, 7.0);
-  EXPECT_EQ(values(sevens), (std::vector<double>{7, 7}));
+  for (double d : values(nan)) EXPECT_TRUE(std::isnan(d));
 }
 
-TEST(MatrixFactories, OnesIdentityAndZero) {
-  KLOMatrix ones = KLOMatrix::ones(2, 3);
-  EXPECT_EQ(positions(ones), (std::vector<int>{0, 1, 2, 3, 4, 5}));
-  EXPECT_EQ(values(ones), std::vector<double>(6, 1.0));
-  KLOMatrix id = KLOMatrix::identity(3);
-  EXPECT_EQ(positions(id), (std::vector<int>{0, 4, 8}));
-  EXPECT_EQ(values(id), std::vector<double>(3, 1.0));
-  KLOMatrix zero = KLOMatrix::zero(4, 5);
-  EXPECT_EQ(zero.rows(), 4);
-  EXPECT_EQ(zero.cols(), 5);
-  EXPECT_EQ(zero.nonzeros(), 0);
-  EXPECT_EQ(KLOMatrix().nonzeros(), 0);
-}
-
-TEST(MatrixFactories, SparseChecksRowsBeforeColumns) {
+TEST(Matrix, FactoriesCheckTheirListsRowsFirst) {
   EXPECT_EQ(outOfRange([] {
               KLOMatrix::sparse(2, 2, {0, 1}, {0}, {1.0, 2.0});
             }),
@@ -60,61 +80,13 @@ TEST(MatrixFactories, SparseChecksRowsBeforeColumns) {
               KLOMatrix::sparse(2, 2, {0}, {0}, {1.0, 2.0});
             }),
             "row array has less elements than data array");
-  KLOMatrix m = KLOMatrix::sparse(2, 2, {0, 1, 1}, {0, 1, 0}, {1.0, 2.0});
-  EXPECT_EQ(positions(m), (std::vector<int>{0, 3}));
-  EXPECT_EQ(values(m), (std::vector<double>{1, 2}));
-}
-
-TEST(MatrixFactories, DenseFromAListNeedsEveryValue) {
   EXPECT_EQ(outOfRange([] {
               KLOMatrix::dense(2, 2, {1.0, 2.0, 3.0});
             }),
             "data array expects more elements");
-  KLOMatrix m = KLOMatrix::dense(2, 2, {1, 2, 3, 4, 5});
-  EXPECT_EQ(positions(m), (std::vector<int>{0, 1, 2, 3}));
-  EXPECT_EQ(values(m), (std::vector<double>{1, 2, 3, 4}));
 }
 
-TEST(MatrixFactories, DenseOverCallerValuesBorrowsThem) {
-  double v[] = {1, 2, 3, 4, 5, 6};
-  KLOMatrix m = KLOMatrix::dense(2, 3, v);
-  EXPECT_EQ(m.data(), v);
-  EXPECT_EQ(positions(m), (std::vector<int>{0, 1, 2, 3, 4, 5}));
-}
-
-TEST(MatrixFactories, CooFromRowsAndColumns) {
-  int rows[] = {1, 0}, cols[] = {2, 1};
-  double v[] = {5, 6};
-  KLOMatrix m = KLOMatrix::coo(2, 3, 2, rows, cols, v);
-  EXPECT_EQ(positions(m), (std::vector<int>{5, 1}));
-  EXPECT_EQ(m.data(), v);
-}
-
-TEST(MatrixFactories, CompressedRowsStartAtEachRow) {
-  int start[] = {0, 2}, cols[] = {0, 2, 1};
-  double v[] = {1, 2, 3};
-  KLOMatrix m = KLOMatrix::csr(2, 3, 3, start, cols, v);
-  EXPECT_EQ(positions(m), (std::vector<int>{0, 2, 4}));
-}
-
-TEST(MatrixFactories, CompressedColumnsEndTheGroupOfColumnRowsMinusOneAtNnz) {
-  // 2 x 3: column 1 (= rows - 1) runs to nnz, and column 2 reads
-  // colStart[3], the element past the three starts.
-  int start[] = {0, 1, 3, 3}, rows[] = {0, 1, 0};
-  double v[] = {1, 2, 3};
-  KLOMatrix m = KLOMatrix::csc(2, 3, 3, start, rows, v);
-  EXPECT_EQ(positions(m), (std::vector<int>{0, 4, 1}));
-  // Overlapping groups stop at nnz positions instead of running past them.
-  int overlapping[] = {0, 1, 2, 3};
-  KLOMatrix o = KLOMatrix::csc(2, 3, 3, overlapping, rows, v);
-  EXPECT_EQ(positions(o), (std::vector<int>{0, 4, 1}));
-  int square[] = {0, 1, 1}, squareRows[] = {1, 0, 2};
-  double w[] = {1, 2, 3};
-  KLOMatrix s = KLOMatrix::csc(3, 3, 3, square, squareRows, w);
-  EXPECT_EQ(positions(s), (std::vector<int>{3, 2, 8}));
-}
-
-TEST(MatrixStorage, OwnershipKinds) {
+TEST(Matrix, StorageBorrowsWhatItIsGiven) {
   int idx[] = {0};
   double val[] = {1.0};
   EXPECT_EQ(KLOSparseStorage(1).kind, KLOSparseStorage::OwnsBoth);
@@ -124,87 +96,92 @@ TEST(MatrixStorage, OwnershipKinds) {
   EXPECT_EQ(both.kind, KLOSparseStorage::BorrowsBoth);
   EXPECT_EQ(both.indices, idx);
   EXPECT_EQ(both.values, val);
-  KLOMatrix wrapsIndices(1, 1, 1, idx);
-  EXPECT_EQ(wrapsIndices.indices(), idx);
-  KLOMatrix wrapsValues(1, 1, 1, val);
-  EXPECT_EQ(wrapsValues.data(), val);
+  EXPECT_EQ(KLOMatrix(1, 1, 1, idx).indices(), idx);
+  EXPECT_EQ(KLOMatrix(1, 1, 1, val).data(), val);
 }
 
-TEST(MatrixSort, ReordersTheCallersArraysThroughEveryCopy) {
+TEST(Matrix, SortReordersTheCallersArraysStablyThroughEveryCopy) {
   int idx[] = {3, 0, 3, 1};
   double val[] = {9, 8, 7, 6};
   KLOMatrix m = KLOMatrix::coo(2, 2, 4, idx, val);
-  KLOMatrix shared = m;
+  const KLOMatrix shared = m;
   sort(m);
-  EXPECT_EQ(std::vector<int>(idx, idx + 4), (std::vector<int>{0, 1, 3, 3}));
-  EXPECT_EQ(std::vector<double>(val, val + 4), (std::vector<double>{8, 6, 7, 9}));
-  EXPECT_EQ(positions(shared), (std::vector<int>{0, 1, 3, 3}));
+  EXPECT_EQ(Ints(idx, idx + 4), (Ints{0, 1, 3, 3}));
+  EXPECT_EQ(Doubles(val, val + 4), (Doubles{8, 6, 7, 9}));
+  EXPECT_EQ(positions(shared), (Ints{0, 1, 3, 3}));
+  int ordered[] = {0, 2, 2};
+  double same[] = {1, 5, 4};  // equal positions keep their value order
+  KLOMatrix o = KLOMatrix::coo(2, 2, 3, ordered, same);
+  sort(o);
+  EXPECT_EQ(Doubles(same, same + 3), (Doubles{1, 5, 4}));
 }
 
-TEST(MatrixSort, OrderedEntriesAreLeftAsTheyAre) {
-  int idx[] = {0, 2, 2};
-  double val[] = {1, 5, 4};  // equal positions keep their value order
-  KLOMatrix m = KLOMatrix::coo(2, 2, 3, idx, val);
-  sort(m);
-  EXPECT_EQ(std::vector<double>(val, val + 3), (std::vector<double>{1, 5, 4}));
-}
-
-TEST(MatrixArithmetic, SumWithTheNegationKeepsExplicitZeros) {
-  KLOMatrix a = KLOMatrix::sparse(3, 3, {0, 1, 2}, {2, 0, 1}, {1.5, -2.0, 4.0});
-  KLOMatrix negated = a * -1.0;
-  KLOMatrix sum = a + negated;
-  EXPECT_EQ(sum.nonzeros(), 3);
-  EXPECT_EQ(values(sum), std::vector<double>(3, 0.0));
-  EXPECT_EQ(positions(sum), (std::vector<int>{2, 3, 7}));
-}
-
-TEST(MatrixArithmetic, DifferenceNegatesWhatOnlyTheRightHas) {
-  KLOMatrix a = KLOMatrix::sparse(2, 2, {0}, {0}, {5.0});
-  KLOMatrix b = KLOMatrix::sparse(2, 2, {1, 0}, {1, 0}, {3.0, 2.0});
-  KLOMatrix d = a - b;
-  EXPECT_EQ(positions(d), (std::vector<int>{0, 3}));
-  EXPECT_EQ(values(d), (std::vector<double>{3.0, -3.0}));
-  KLOMatrix s = b + a;
-  EXPECT_EQ(values(s), (std::vector<double>{7.0, 3.0}));
-}
-
-TEST(MatrixArithmetic, DuplicatePositionsPairAtMostOnce) {
-  KLOMatrix a = KLOMatrix::sparse(1, 4, {0, 0}, {1, 1}, {1.0, 2.0});
-  KLOMatrix b = KLOMatrix::sparse(1, 4, {0}, {1}, {10.0});
-  KLOMatrix s = a + b;
-  EXPECT_EQ(positions(s), (std::vector<int>{1, 1}));
-  EXPECT_EQ(values(s), (std::vector<double>{11.0, 2.0}));
-}
-
-TEST(MatrixArithmetic, DimensionsComeFromTheLeftUnchecked) {
-  KLOMatrix s = KLOMatrix::ones(2, 3) + KLOMatrix::ones(3, 2);
-  EXPECT_EQ(s.rows(), 2);
-  EXPECT_EQ(s.cols(), 3);
-  EXPECT_EQ(values(s), std::vector<double>(6, 2.0));
-}
-
-TEST(MatrixArithmetic, ScalingKeepsEveryEntry) {
-  KLOMatrix a = KLOMatrix::dense(1, 3, {1.0, -2.0, 0.0});
-  KLOMatrix zero = 0.0 * a;
-  EXPECT_EQ(values(zero), (std::vector<double>{0.0, -0.0, 0.0}));
-  KLOMatrix inf = a / 0.0;
-  EXPECT_TRUE(std::isinf(inf.data()[0]));
-  EXPECT_TRUE(std::isinf(inf.data()[1]));
-  EXPECT_TRUE(std::isnan(inf.data()[2]));
-  EXPECT_EQ(values(a / 4.0), (std::vector<double>{0.25, -0.5, 0.0}));
-  EXPECT_EQ(values(a), (std::vector<double>{1.0, -2.0, 0.0}));
-}
-
-TEST(MatrixCopy, DeepCopyIsIndependentOfTheCallersArrays) {
+TEST(Matrix, ArithmeticMergesByPositionAndKeepsEveryEntry) {
+  const KLOMatrix a = KLOMatrix::sparse(3, 3, {0, 1, 2}, {2, 0, 1}, {1.5, -2.0, 4.0});
+  const KLOMatrix sum = a + a * -1.0;  // explicit zeros stay
+  EXPECT_EQ(positions(sum), (Ints{2, 3, 7}));
+  EXPECT_EQ(values(sum), Doubles(3, 0.0));
+  const KLOMatrix b = KLOMatrix::sparse(2, 2, {0}, {0}, {5.0});
+  const KLOMatrix c = KLOMatrix::sparse(2, 2, {1, 0}, {1, 0}, {3.0, 2.0});
+  EXPECT_EQ(positions(b - c), (Ints{0, 3}));
+  EXPECT_EQ(values(b - c), (Doubles{3.0, -3.0}));
+  EXPECT_EQ(values(c + b), (Doubles{7.0, 3.0}));
+  const KLOMatrix twice = KLOMatrix::sparse(1, 4, {0, 0}, {1, 1}, {1.0, 2.0});
+  const KLOMatrix once = KLOMatrix::sparse(1, 4, {0}, {1}, {10.0});
+  EXPECT_EQ(positions(twice + once), (Ints{1, 1}));  // duplicates pair at most once
+  EXPECT_EQ(values(twice + once), (Doubles{11.0, 2.0}));
+  const KLOMatrix s = KLOMatrix::ones(2, 3) + KLOMatrix::ones(3, 2);  // left's shape, unchecked
+  EXPECT_EQ(s.rows() * 10 + s.cols(), 23);
+  EXPECT_EQ(values(s), Doubles(6, 2.0));
+  const KLOMatrix d = KLOMatrix::dense(1, 3, {1.0, -2.0, 0.0});
+  EXPECT_EQ(values(0.0 * d), (Doubles{0.0, -0.0, 0.0}));
+  EXPECT_EQ(values(d / 4.0), (Doubles{0.25, -0.5, 0.0}));
+  const Doubles inf = values(d / 0.0);
+  EXPECT_TRUE(std::isinf(inf[0]) && std::isinf(inf[1]) && std::isnan(inf[2]));
+  EXPECT_EQ(values(d), (Doubles{1.0, -2.0, 0.0}));
   int idx[] = {1, 0};
   double val[] = {2, 3};
-  KLOMatrix wrapped = KLOMatrix::coo(1, 2, 2, idx, val);
-  KLOMatrix deep = wrapped.copy();
-  KLOMatrix plain = wrapped;
+  const KLOMatrix wrapped = KLOMatrix::coo(1, 2, 2, idx, val);
+  const KLOMatrix deep = wrapped.copy(), plain = wrapped;
   val[0] = 99;
-  EXPECT_EQ(values(deep), (std::vector<double>{2, 3}));
-  EXPECT_EQ(positions(deep), (std::vector<int>{1, 0}));
+  EXPECT_EQ(values(deep), (Doubles{2, 3}));
+  EXPECT_EQ(positions(deep), (Ints{1, 0}));
   EXPECT_EQ(plain.data()[0], 99);
+}
+
+TEST(Matrix, PrintingAbbreviatesLargeMatricesAndAlignsColumns) {
+  // Four entries in a 2 x 2 matrix print by array position alone.
+  int reversed[] = {3, 2, 1, 0};
+  double four[] = {1, 2, 3, 4};
+  int diag[11];
+  double val[11];
+  for (int k = 0; k < 11; ++k) diag[k] = (10 - k) * 13, val[k] = k;  // storage order is kept
+  std::string ones = "KLOMatrix(11, 7)\n[\n";
+  for (int r = 0; r < 10; ++r) {
+    ones += r == 5 ? "    ...,\n\n" : "";
+    ones += std::string("    [1, 1, 1, ..., 1, 1, 1]") + (r < 9 ? ",\n" : "\n");
+  }
+  const std::vector<std::pair<KLOMatrix, std::string>> cases = {
+      {KLOMatrix::dense(2, 2, {1, 2, 3, 4}), "KLOMatrix(2, 2)\n[\n    [1, 2],\n    [3, 4]\n]"},
+      {KLOMatrix::coo(2, 2, 4, reversed, four), "KLOMatrix(2, 2)\n[\n    [1, 2],\n    [3, 4]\n]"},
+      {KLOMatrix::identity(3),
+       "KLOMatrix(3, 3)\n[\n    (0, 0) = 1\n    (1, 1) = 1\n    (2, 2) = 1\n]"},
+      {KLOMatrix::zero(2, 2), "KLOMatrix(2, 2)\n[]"},
+      {KLOMatrix(), "KLOMatrix(0, 0)\n[]"},
+      {KLOMatrix::dense(2, 2, {12.5, 1, 1, 1}),
+       "KLOMatrix(2, 2)\n[\n    [12.5, 1],\n    [   1, 1]\n]"},
+      {KLOMatrix::sparse(20, 3, {0, 15}, {2, 0}, {-0.5, 3.0}),
+       "KLOMatrix(20, 3)\n[\n    ( 0, 2) = -0.5\n    (15, 0) =    3\n]"},
+      {KLOMatrix::ones(11, 7), ones + "]"},
+      {KLOMatrix::coo(12, 12, 11, diag, val),
+       "KLOMatrix(12, 12)\n[\n    (10, 10) =  0\n    ( 9,  9) =  1\n    ( 8,  8) =  2\n"
+       "    ( 7,  7) =  3\n    ( 6,  6) =  4\n    ...\n    ( 4,  4) =  6\n    ( 3,  3) =  7\n"
+       "    ( 2,  2) =  8\n    ( 1,  1) =  9\n    ( 0,  0) = 10\n]"},
+  };
+  for (const auto& [m, text] : cases) EXPECT_EQ(printed(m), text);
+  const std::vector<std::pair<double, int>> lengths = {
+      {12.5, 4}, {1e20, 5}, {1.0 / 3.0, 8}, {-42, 3}, {0, 1}};
+  for (const auto& [d, n] : lengths) EXPECT_EQ(length(d), n) << d;
 }
 
 }  // namespace
