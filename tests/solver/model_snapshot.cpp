@@ -1,3 +1,5 @@
+// Read through the C interface, except the PSD terms of rows, which have no
+// getter there and come from the store.
 #include "model_snapshot.h"
 
 #include <algorithm>
@@ -6,6 +8,8 @@
 #include <cstdlib>
 #include <sstream>
 #include <vector>
+
+#include "store/model.h"
 
 namespace klotest {
 namespace {
@@ -16,9 +20,33 @@ int intAttr(KLOmodel* m, const char* name) {
   return v;
 }
 
-void linearRows(KLOmodel* m, std::ostream& out, bool names) {
-  int rows = intAttr(m, "NumConstrs");
-  for (int i = 0; i < rows; ++i) {
+void variables(KLOmodel* m, std::ostream& out, bool names) {
+  for (int j = 0; j < intAttr(m, "NumVars"); ++j) {
+    double lb = 0, ub = 0, obj = 0;
+    char t = '?';
+    const char* name = "";
+    KLOgetdblattrelement(m, "LB", j, &lb);
+    KLOgetdblattrelement(m, "UB", j, &ub);
+    KLOgetdblattrelement(m, "Obj", j, &obj);
+    KLOgetcharattrelement(m, "VType", j, &t);
+    if (names) KLOgetstrattrelement(m, "VarName", j, &name);
+    out << "var " << j << " '" << name << "' " << t << " [" << lb << ", " << ub << "] obj " << obj
+        << "\n";
+  }
+}
+
+void psdTerms(const klo::Row& r, std::ostream& out) {
+  std::vector<klo::PsdTerm> terms = r.nl->psd;  // in the order of their PSD variables
+  std::sort(terms.begin(), terms.end(),
+            [](const klo::PsdTerm& a, const klo::PsdTerm& b) { return a.psdVar < b.psdVar; });
+  for (const klo::PsdTerm& t : terms) {
+    out << " psd" << t.psdVar << ":";
+    for (int k = 0; k < t.mat.size(); ++k) out << " " << t.mat.pos[k] << "=" << t.mat.val[k];
+  }
+}
+
+void rows(KLOmodel* m, std::ostream& out, bool names) {
+  for (int i = 0; i < intAttr(m, "NumConstrs"); ++i) {
     double lo = 0, up = 0;
     KLOgetdblattrelement(m, "LHS", i, &lo);
     KLOgetdblattrelement(m, "RHS", i, &up);
@@ -27,35 +55,13 @@ void linearRows(KLOmodel* m, std::ostream& out, bool names) {
     std::vector<int> li(nl), qr(nq), qc(nq);
     std::vector<double> lv(nl), qv(nq);
     KLOgetqconstr(m, i, &nl, li.data(), lv.data(), &nq, qr.data(), qc.data(), qv.data());
-    out << "row " << i;
-    if (names) {
-      const char* n = "";
-      KLOgetstrattrelement(m, "ConstrName", i, &n);
-      out << " '" << n << "'";
-    }
-    out << " [" << lo << ", " << up << "]";
+    const char* name = "";
+    if (names) KLOgetstrattrelement(m, "ConstrName", i, &name);
+    out << "row " << i << " '" << name << "' [" << lo << ", " << up << "]";
     for (int k = 0; k < nl; ++k) out << " " << lv[k] << "*x" << li[k];
     for (int k = 0; k < nq; ++k) out << " " << qv[k] << "*x" << qr[k] << "*x" << qc[k];
+    if (m->data.rows[i].hasPsd()) psdTerms(m->data.rows[i], out);
     out << "\n";
-  }
-}
-
-void variables(KLOmodel* m, std::ostream& out, bool names) {
-  int n = intAttr(m, "NumVars");
-  for (int j = 0; j < n; ++j) {
-    double lb = 0, ub = 0, obj = 0;
-    char t = '?';
-    KLOgetdblattrelement(m, "LB", j, &lb);
-    KLOgetdblattrelement(m, "UB", j, &ub);
-    KLOgetdblattrelement(m, "Obj", j, &obj);
-    KLOgetcharattrelement(m, "VType", j, &t);
-    out << "var " << j;
-    if (names) {
-      const char* name = "";
-      KLOgetstrattrelement(m, "VarName", j, &name);
-      out << " '" << name << "'";
-    }
-    out << " " << t << " [" << lb << ", " << ub << "] obj " << obj << "\n";
   }
 }
 
@@ -72,7 +78,7 @@ void objective(KLOmodel* m, std::ostream& out) {
 }
 
 void sets(KLOmodel* m, std::ostream& out) {
-  int ns = intAttr(m, "NumSOS");
+  const int ns = intAttr(m, "NumSOS");
   int nm = 0;
   if (ns > 0) KLOgetsos(m, &nm, nullptr, nullptr, nullptr, nullptr, 0, ns);
   std::vector<int> types(ns), beg(ns), ind(nm);
@@ -87,8 +93,7 @@ void sets(KLOmodel* m, std::ostream& out) {
 }
 
 void indicators(KLOmodel* m, std::ostream& out) {
-  int ng = intAttr(m, "NumGenConstrs");
-  for (int g = 0; g < ng; ++g) {
+  for (int g = 0; g < intAttr(m, "NumGenConstrs"); ++g) {
     int bv = 0, bval = 0, n = 0;
     char sense = 0;
     double rhs = 0;
@@ -102,9 +107,8 @@ void indicators(KLOmodel* m, std::ostream& out) {
   }
 }
 
-void psd(KLOmodel* m, std::ostream& out) {
-  int np = intAttr(m, "NumPsdVars");
-  for (int k = 0; k < np; ++k) {
+void psdVars(KLOmodel* m, std::ostream& out) {
+  for (int k = 0; k < intAttr(m, "NumPsdVars"); ++k) {
     int dim = 0, nnz = 0, nr = 0, nc = 0;
     KLOgetintattrelement(m, "Dim", k, &dim);
     KLOgetmatattrelement(m, "PsdObj", k, &nnz, &nr, &nc, nullptr, nullptr);
@@ -129,11 +133,11 @@ std::string snapshot(KLOmodel* m, SnapshotOptions o) {
     out << "model '" << name << "'\n";
   }
   variables(m, out, o.names);
-  linearRows(m, out, o.names);
+  rows(m, out, o.names);
   objective(m, out);
   sets(m, out);
   indicators(m, out);
-  psd(m, out);
+  psdVars(m, out);
   out << "objectives " << intAttr(m, "NumObj") << "\n";
   return out.str();
 }

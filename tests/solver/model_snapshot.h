@@ -1,5 +1,5 @@
-// A text picture of everything a model holds, read through the C interface
-// only: two models are the same when their snapshots are equal.
+// A text picture of everything a model holds: two models are the same when
+// their snapshots are equal.
 #pragma once
 
 #include <string>

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "common/error.h"
+#include "fixtures.h"
 #include "io/mps.h"
 #include "store/edit.h"
-#include "test_support.h"
 
 namespace {
 
@@ -51,6 +51,7 @@ TEST(MpsReader, MalformedFilesAreRefusedWithLineAndWhatWasFound) {
   const Bad cases[] = {
       {"ROWS\n N obj\nNAME t\nENDATA\n", "3: expected NAME before ROWS, found it after"},
       {"NAME t\nROWS\n N obj\n N obj\nENDATA\n", "4: row \"obj\" occurs twice"},
+      {"NAME t\nROWS\n N obj\n Q c1\nENDATA\n", "4: expected a row type"},
       {"NAME t\nROWS\n N obj\n L c\n G c\nENDATA\n", "5: row \"c\" occurs twice"},
       {two + "    x c 2\nENDATA\n", "8: column \"x\" occurs twice"},
       {kHead + "    x c 1 c 2\nENDATA\n", "6: row \"c\" occurs twice in column \"x\""},
@@ -130,6 +131,8 @@ TEST(MpsReader, BoundRules) {
       {" UP b x 1e20\n LO b x -1e25\n", 1, -kInf, kInf, 'C'},
       {" UP x 4\n", 1, 0, 4, 'C'},  // no set name
       {" FR x\n", 1, -kInf, kInf, 'C'},
+      {" MI b x\n", 1, -kInf, kInf, 'C'},
+      {" FX b x 3\n", 1, 3, 3, 'C'},
       {" BV BND x 1\n", 1, 0, 1, 'B'},
       {" UI b x 4\n", 1, 0, 4, 'I'},
       {" LI b x -2\n", 1, -2, kInf, 'I'},
@@ -176,13 +179,36 @@ TEST(MpsReader, FixedFormatNamesMayHoldBlanks) {
 
 TEST(MpsReader, FreeRowsAfterTheObjectiveAreDroppedWithTheirEntries) {
   ModelData d = readText(
-      "NAME t FREE\nROWS\n N obj\n N spare\n L c\nCOLUMNS\n\tx\tobj\t1\tspare\t5\n    x c 2\n"
+      "NAME t FREE\nOBJSENSE MAXIMIZE\nROWS\n N obj\n N spare\n L "
+      "c\nCOLUMNS\n\tx\tobj\t1\tspare\t5\n    x c 2\n"
       "RHS\n    rhs spare 3 c 4\nENDATA\n");
   EXPECT_EQ(d.name, "t");
   ASSERT_EQ(d.numRows(), 1);
   EXPECT_EQ(d.rowNames.get(0), "c");
   EXPECT_EQ(d.obj(), std::vector<double>{1});
   EXPECT_EQ(d.rows[0].upper, 4);
+  EXPECT_EQ(d.sense, -1);
+}
+
+// RANGES: R on an E row gives [rhs, rhs + R] when R > 0, [rhs + R, rhs]
+// when R < 0; on L and G rows |R| below or above.  The objective row's
+// right-hand side is minus the objective's constant.  OBJSENSE on a line
+// of its own.
+TEST(MpsReader, RangesObjectiveConstantAndSense) {
+  ModelData d = readText(
+      "NAME ranges\nOBJSENSE\n    MAX\nROWS\n N obj\n E e1\n E e2\n L l\n G g\nCOLUMNS\n"
+      "    x obj 2 e1 1\n    x e2 1 l 1\n    x g 1\n"
+      "RHS\n    rhs obj -7.5 e1 1\n    rhs e2 2 l 3\n    rhs g 4\n"
+      "RANGES\n    rng e1 2 e2 -2\n    rng l 1 g 1\nSOS\n S2\n    x 1.5\nENDATA\n");
+  std::vector<double> lower, upper;
+  for (const klo::Row& r : d.rows) lower.push_back(r.lower), upper.push_back(r.upper);
+  EXPECT_EQ(lower, (std::vector<double>{1, 0, 2, 4}));
+  EXPECT_EQ(upper, (std::vector<double>{3, 2, 3, 5}));
+  EXPECT_EQ(d.objectives[0].constant, 7.5);
+  EXPECT_EQ(d.sense, -1);
+  ASSERT_EQ(d.sos.size(), 1u);
+  EXPECT_EQ(d.sos[0].type, 2);
+  EXPECT_EQ(d.sos[0].weights, std::vector<double>{1.5}) << "\"column weight\" form";
 }
 
 struct Term {
@@ -305,15 +331,6 @@ TEST(MpsWriter, RefusesARowWhoseBoundsCross) {
   } catch (const klo::Error& e) {
     EXPECT_EQ(e.code, KLO_ERROR_NOT_SUPPORTED);
   }
-}
-
-TEST(MpsWriter, QuadraticRowsRoundTrip) {
-  ModelData d = readText(kHead +
-                         "    x obj 1 c 1\n    y c 1\nQCMATRIX c\n    x x 1\n"
-                         "    x y 0.3\n    y x 0.3\nENDATA\n");
-  ModelData back = roundTrip(d);
-  ASSERT_TRUE(back.rows[0].hasQuad());
-  EXPECT_EQ(terms(back.rows[0].nl->quad), terms(d.rows[0].nl->quad));
 }
 
 }  // namespace
