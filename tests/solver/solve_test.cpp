@@ -107,8 +107,8 @@ TEST_F(SolveLp, InfeasibleGivesAFarkasRayAndUnboundedAPrimalRay) {
   row({{0, 1}, {1, 1}}, '<', 3);
   optimize();
   EXPECT_EQ(intAttr("Status"), KLO_STATUS_INFEASIBLE);
-  EXPECT_EQ(intAttr("HasSolution") * 100 + intAttr("HasDualRay") * 10 + intAttr("HasPrimalRay"),
-            10);
+  EXPECT_EQ((I{intAttr("HasSolution"), intAttr("HasDualRay"), intAttr("HasPrimalRay")}),
+            (I{0, 1, 0}));
   EXPECT_EQ(intAttr("SolCount"), 0);
   double v = 0;
   EXPECT_EQ(KLOgetdblattrelement(model, "X", 0, &v), KLO_ERROR_DATA_NOT_AVAILABLE);
@@ -119,7 +119,7 @@ TEST_F(SolveLp, InfeasibleGivesAFarkasRayAndUnboundedAPrimalRay) {
   row({{0, 1}, {1, -1}}, '<', 1);
   optimize();
   EXPECT_EQ(intAttr("Status"), KLO_STATUS_UNBOUNDED);
-  EXPECT_EQ(intAttr("HasPrimalRay") * 10 + intAttr("HasDualRay"), 10);
+  EXPECT_EQ((I{intAttr("HasPrimalRay"), intAttr("HasDualRay")}), (I{1, 0}));
 }
 
 TEST_F(SolveLp, IterationLimitStopsWithItsStatus) {
