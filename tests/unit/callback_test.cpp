@@ -57,11 +57,11 @@ TEST_F(Callbacks, ProposalsAreSubmittedOnceEarlyOrAfterTheCallback) {
   cb.body = [&](auto& self) { self.setSolution(both, values, 2); };  // pending
   klo_fake::on("KLOcbsolution").status(1);                           // refused: still no stop
   EXPECT_EQ(invoke(cb), 0);
-  EXPECT_EQ(results, (std::vector<int>{1000, 0, 1000}));
+  EXPECT_EQ(results, (Ints{1000, 0, 1000}));
   const auto submitted = klo_fake::callsOf("KLOcbsolution");
   ASSERT_EQ(submitted.size(), 2u);
-  EXPECT_EQ(submitted[0].doubles(1), (std::vector<double>{kNoValue, 2.5, kNoValue}));
-  EXPECT_EQ(submitted[1].doubles(1), (std::vector<double>{3.0, kNoValue, 1.0}));
+  EXPECT_EQ(submitted[0].doubles(1), (Doubles{kNoValue, 2.5, kNoValue}));
+  EXPECT_EQ(submitted[1].doubles(1), (Doubles{3.0, kNoValue, 1.0}));
   cb.body = [&](auto& self) { self.abort(); };
   EXPECT_EQ(invoke(cb), 11);
   cb.body = [&](auto& self) { self.setSolution(x, 1.0); };
@@ -86,10 +86,10 @@ TEST_F(Callbacks, InformationCodesAreValidatedByTypeAndMissingArraysMarked) {
     std::unique_ptr<double[]> rel(self.getNodeRel(vars, 2));
     seen.insert(seen.end(), {rel[0], rel[1]});
   };
-  klo_fake::on("KLOcbget").outs(3, {7LL, 7.0, 7.0, klo_fake::Null{}, std::vector<double>{1, 2, 3}});
+  klo_fake::on("KLOcbget").outs(3, {7LL, 7.0, 7.0, klo_fake::Null{}, Doubles{1, 2, 3}});
   invoke(cb);
-  EXPECT_EQ(codes, (std::vector<int>(5, -5001)));
-  EXPECT_EQ(seen, (std::vector<double>{7, 7, 7, kNoValue, 3, 1}));
+  EXPECT_EQ(codes, (Ints(5, -5001)));
+  EXPECT_EQ(seen, (Doubles{7, 7, 7, kNoValue, 3, 1}));
   // Refused codes ask the library nothing; the solution reads 316, the
   // node relaxation 317 once per variable.
   const Calls refused(5, "KLOexplainerror(-5001)");
@@ -116,7 +116,7 @@ TEST_F(Callbacks, CutsMergeTermsAndMoveTheConstantIntoFiniteSides) {
   klo_fake::on("KLOcbcut").statuses({0, 3});
   klo_fake::on("KLOcbbranch").status(2);
   invoke(cb);
-  EXPECT_EQ(results, (std::vector<int>{0, 3, 2, -2003, -2003}));
+  EXPECT_EQ(results, (Ints{0, 3, 2, -2003, -2003}));
   const auto cuts = klo_fake::callsOf("KLOcbcut");
   ASSERT_EQ(cuts.size(), 2u);
   EXPECT_EQ(cuts[0].str(), "KLOcbcut(ptr, 1, [0], [1], '<', 8)");
@@ -137,8 +137,8 @@ TEST_F(Callbacks, IndexVariantWritesElementIOfAFreshProposalAndReadsTheIndexCode
   EXPECT_EQ(invoke(cb), 0);
   const auto submitted = klo_fake::callsOf("KLOcbsolutionp");
   ASSERT_EQ(submitted.size(), 2u);
-  EXPECT_EQ(submitted[0].doubles(1), (std::vector<double>{kNoValue, 4.0, kNoValue}));
-  EXPECT_EQ(submitted[1].doubles(1), (std::vector<double>{5.0, kNoValue, 6.0}));
+  EXPECT_EQ(submitted[0].doubles(1), (Doubles{kNoValue, 4.0, kNoValue}));
+  EXPECT_EQ(submitted[1].doubles(1), (Doubles{5.0, kNoValue, 6.0}));
   EXPECT_EQ(klo_fake::callsOf("KLOcbget")[0].str(), "KLOcbget(ptr, 5, 200, ptr)");
   EXPECT_TRUE(klo_fake::callsOf("KLOgetintattr").empty());
   cb.body = [&](auto& self) { self.setSolution(3, 1.0); };
@@ -146,9 +146,9 @@ TEST_F(Callbacks, IndexVariantWritesElementIOfAFreshProposalAndReadsTheIndexCode
   klo_fake::reset();
   std::vector<double> seen;
   cb.body = [&](auto& self) { seen = {self.getSolution(2), self.getDoubleInfoAt(0, 313)}; };
-  klo_fake::on("KLOcbget").outs(3, {3LL, std::vector<double>{7, 8, 9}});
+  klo_fake::on("KLOcbget").outs(3, {3LL, Doubles{7, 8, 9}});
   invoke(cb);
-  EXPECT_EQ(seen, (std::vector<double>{9, 7}));
+  EXPECT_EQ(seen, (Doubles{9, 7}));
   EXPECT_EQ(klo_fake::callsOf("KLOcbget")[1].str(), "KLOcbget(ptr, 5, 303, ptr)");
 }
 

@@ -74,8 +74,8 @@ TEST_F(Environment, ParameterInfoPassesTheCallersPointersThrough) {
   env.getParamInfo(KLO_IntParam_Method, &i[0], &i[1], &i[2], &i[3]);
   env.getParamInfo(KLO_DoubleParam_MaxTime, &d[0], &d[1], &d[2], &d[3]);
   env.getParamInfo(KLO_StringParam_LogFile, current, initial);
-  EXPECT_EQ(std::vector<int>(i, i + 4), (std::vector<int>{5, -1, 9, 1}));
-  EXPECT_EQ(std::vector<double>(d, d + 4), (std::vector<double>{0.5, -0.5, 1.5, 0.25}));
+  EXPECT_EQ(Ints(i, i + 4), (Ints{5, -1, 9, 1}));
+  EXPECT_EQ(Doubles(d, d + 4), (Doubles{0.5, -0.5, 1.5, 0.25}));
   EXPECT_EQ(current + "|" + initial, "now.log|");
   EXPECT_EQ(klo_fake::strs(), (Calls{"KLOgetintparaminfo(ptr, \"Method\", ptr, ptr, ptr, ptr)",
                                      "KLOgetdblparaminfo(ptr, \"MaxTime\", ptr, ptr, ptr, ptr)",

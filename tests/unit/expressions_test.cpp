@@ -117,7 +117,7 @@ TEST_F(Expressions, OperatorsAppendTermsInOrderWithoutMerging) {
 TEST_F(Expressions, CompoundAssignmentsShareCopiesAndHandleAliasing) {
   // Sums append to a copy sharing the left operand's buffer: none may see
   // another's terms.
-  const KLOLinExpr base = x + 2 * y;
+  KLOLinExpr base = x + 2 * y;  // not const: the member operators
   const KLOLinExpr sums[] = {base + 3 * x, base - 4 * y, base + y, base - x};
   EXPECT_EQ(lin(sums[0]) + " " + lin(sums[1]), "1*0 2*1 3*0 +0 1*0 2*1 -4*1 +0");
   EXPECT_EQ(lin(sums[2]) + " " + lin(sums[3]), "1*0 2*1 1*1 +0 1*0 2*1 -1*0 +0");
@@ -200,15 +200,15 @@ TEST_F(Expressions, CombiningLikeQuadraticTermsKeysByThePairAsGiven) {
   std::vector<double> c{1, 2, 3};
   std::vector<KLOVar> v1{x, x, y}, v2{y, y, x};
   combineLikeQTerms(c, v1, v2);
-  EXPECT_EQ(c, (std::vector<double>{3, 3}));  // the larger index is stored first
-  EXPECT_EQ(indices(v1), (std::vector<int>{1, 1}));
-  EXPECT_EQ(indices(v2), (std::vector<int>{0, 0}));
+  EXPECT_EQ(c, (Doubles{3, 3}));  // the larger index is stored first
+  EXPECT_EQ(indices(v1), (Ints{1, 1}));
+  EXPECT_EQ(indices(v2), (Ints{0, 0}));
   c = {1, -1, 4};
   v1 = {z, z, x};
   v2 = {x, x, x};
   combineLikeQTerms(c, v1, v2);
-  EXPECT_EQ(c, (std::vector<double>{4, 0}));  // zero sums stay
-  EXPECT_EQ(indices(v1), (std::vector<int>{0, 2}));
+  EXPECT_EQ(c, (Doubles{4, 0}));  // zero sums stay
+  EXPECT_EQ(indices(v1), (Ints{0, 2}));
   c.clear(), v1.clear(), v2.clear();
   combineLikeQTerms(c, v1, v2);
   EXPECT_TRUE(c.empty() && v1.empty() && v2.empty());
@@ -234,12 +234,8 @@ TEST_F(Expressions, ValuesReadEachFactorsSolution) {
   EXPECT_EQ((x * y + x + 1).getValue(), 13.0);
   klo_fake::on("KLOgetdblattrelement", "X").status(-6);
   EXPECT_EQ(code([&] { e.getValue(); }), -6);
-  klo_fake::on("KLOgetmatattrelement", "PsdX")
-      .outs(3, {1LL, 1LL})
-      .outs(4, {2LL, 2LL})
-      .outs(5, {2LL, 2LL})
-      .outs(6, {klo_fake::Null{}, std::vector<int>{1}})
-      .outs(7, {klo_fake::Null{}, std::vector<double>{3.0}});
+  script(klo_fake::on("KLOgetmatattrelement", "PsdX"), {{3, 1LL}, {4, 2LL}, {5, 2LL}},
+         {{6, Ints{1}}, {7, Doubles{3}}});
   const KLOPsdExpr P(X, KLOMatrix::sparse(2, 2, {0, 1}, {1, 1}, {1.0, 5.0}));
   EXPECT_EQ(P.getValue(), 6.0);  // off-diagonal twice; (1,1) is absent from the solution
 }

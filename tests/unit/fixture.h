@@ -16,6 +16,16 @@
 
 using klo_detail::Access;
 using Calls = std::vector<std::string>;
+using Ints = std::vector<int>;
+using Doubles = std::vector<double>;
+using Outs = std::vector<std::pair<std::size_t, klo_fake::Value>>;
+
+// Scripts out-values: `each` on every call, `later` from the second call on
+// (the first call of a two-step read asks for sizes, its arrays null).
+inline void script(klo_fake::Script& s, const Outs& each, const Outs& later = {}) {
+  for (const auto& [pos, v] : each) s.out(pos, v);
+  for (const auto& [pos, v] : later) s.outs(pos, {klo_fake::Null{}, v});
+}
 
 class FakeTest : public ::testing::Test {
  public:

@@ -32,12 +32,8 @@ TEST_F(Handles, ElementAttributesGoToTheElementFunctionsByTableName) {
   klo_fake::on("KLOgetintattrelement").out(3, 1LL);
   klo_fake::on("KLOgetcharattrelement").out(3, 'I');
   klo_fake::on("KLOgetstrattrelement").out(3, std::string("flow"));
-  klo_fake::on("KLOgetmatattrelement")
-      .out(3, 2LL)
-      .out(4, 2LL)
-      .out(5, 2LL)
-      .out(6, std::vector<int>{0, 3})
-      .out(7, std::vector<double>{1.5, 2.5});
+  script(klo_fake::on("KLOgetmatattrelement"),
+         {{3, 2LL}, {4, 2LL}, {5, 2LL}, {6, Ints{0, 3}}, {7, Doubles{1.5, 2.5}}});
   EXPECT_EQ(x.get(KLO_DoubleAttr_X), 2.5);
   EXPECT_EQ(x.get(KLO_IntAttr_ColBasis), 1);
   EXPECT_EQ(x.get(static_cast<KLO_CharAttr>(3)), 'I');
@@ -142,7 +138,7 @@ TEST_F(Attributes, ArrayFormsGoElementByElementAndStopAtTheFirstFailure) {
   klo_fake::on("KLOgetdblattrelement").outs(3, {1.5, 2.5, 3.5});
   const KLOVar order[] = {vars[2], vars[0], vars[1]};
   std::unique_ptr<double[]> x(model->get(KLO_DoubleAttr_X, order, 3));
-  EXPECT_EQ(std::vector<double>(x.get(), x.get() + 3), (std::vector<double>{1.5, 2.5, 3.5}));
+  EXPECT_EQ(Doubles(x.get(), x.get() + 3), (Doubles{1.5, 2.5, 3.5}));
   EXPECT_EQ(klo_fake::strs(), (Calls{"KLOgetdblattrelement(ptr, \"X\", 2, ptr)",
                                      "KLOgetdblattrelement(ptr, \"X\", 0, ptr)",
                                      "KLOgetdblattrelement(ptr, \"X\", 1, ptr)"}));

@@ -25,13 +25,13 @@ TEST_F(Model, ConstructionSynchronisesWithTheOffByOneQuadraticRecords) {
       (Calls{"KLOreadmodel(ptr, \"small.lp\", ptr)", "KLOgetintattr(ptr, \"NumVars\", ptr)",
              "KLOgetintattr(ptr, \"NumConstrs\", ptr)", "KLOgetintattr(ptr, \"NumPsdVars\", ptr)",
              "KLOgetintattr(ptr, \"NumSOS\", ptr)", "KLOgetintattr(ptr, \"NumGenConstrs\", ptr)"}));
-  EXPECT_EQ(indices(Access::vars(model)), (std::vector<int>{0, 1, 2}));
-  EXPECT_EQ(indices(Access::constrs(model)), (std::vector<int>{0, 1}));
-  EXPECT_EQ(indices(Access::psdconstrs(model)), (std::vector<int>{0, 1}));
-  EXPECT_EQ(indices(Access::qconstrs(model)), (std::vector<int>{1, 2}));
-  EXPECT_EQ(indices(Access::psdvars(model)), (std::vector<int>{0}));
-  EXPECT_EQ(indices(Access::sos(model)), (std::vector<int>{0, 1}));
-  EXPECT_EQ(indices(Access::genconstrs(model)), (std::vector<int>{0}));
+  EXPECT_EQ(indices(Access::vars(model)), (Ints{0, 1, 2}));
+  EXPECT_EQ(indices(Access::constrs(model)), (Ints{0, 1}));
+  EXPECT_EQ(indices(Access::psdconstrs(model)), (Ints{0, 1}));
+  EXPECT_EQ(indices(Access::qconstrs(model)), (Ints{1, 2}));
+  EXPECT_EQ(indices(Access::psdvars(model)), (Ints{0}));
+  EXPECT_EQ(indices(Access::sos(model)), (Ints{0, 1}));
+  EXPECT_EQ(indices(Access::genconstrs(model)), (Ints{0}));
   klo_fake::reset();
   klo_fake::on("KLOgetintattr").status(-1001);
   EXPECT_EQ(code([&] { KLOModel broken(&env, "broken.mps"); }), -1001);
@@ -45,7 +45,7 @@ TEST_F(Model, CopiesHaveTheirOwnHandlesAndAssignmentChangesNothing) {
   {
     KLOModel copy(*source);
     EXPECT_EQ(klo_fake::functions().front(), "KLOcopymodel");
-    EXPECT_EQ(indices(Access::vars(copy)), (std::vector<int>{0, 1}));
+    EXPECT_EQ(indices(Access::vars(copy)), (Ints{0, 1}));
     EXPECT_FALSE(Access::vars(copy)[0].sameAs(Access::vars(*source)[0]));
     EXPECT_NE(Access::model(copy), Access::model(*source));
   }
@@ -108,8 +108,8 @@ TEST_F(Model, RelaxReplacesTheCopysModelAndSyncsTwice) {
   EXPECT_EQ(calls[7].pointer(0), Access::model(*model));
   // The PSD-constraint vector is not emptied by sync: the second one
   // appends behind the first.
-  EXPECT_EQ(indices(Access::psdconstrs(relaxed)), (std::vector<int>{0, 1, 2, 3, 4, 5}));
-  EXPECT_EQ(indices(Access::constrs(relaxed)), (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(indices(Access::psdconstrs(relaxed)), (Ints{0, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(indices(Access::constrs(relaxed)), (Ints{0, 1, 2}));
   klo_fake::reset();
   scriptCounts(2, 3);
   klo_fake::on("KLOrelaxmodel").status(-3);
@@ -246,8 +246,8 @@ TEST_F(Model, RemovingAVariableRenumbersTheOthersAndMarksItNegative) {
   model->remove(before[2]);
   model->remove(before[0]);
   EXPECT_EQ(klo_fake::strs(), (Calls{"KLOdelvars(ptr, 1, [2])", "KLOdelvars(ptr, 1, [0])"}));
-  EXPECT_EQ(indices(before), (std::vector<int>{-1, 0, -3, 1, 2}));
-  EXPECT_EQ(indices(Access::vars(*model)), (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(indices(before), (Ints{-1, 0, -3, 1, 2}));
+  EXPECT_EQ(indices(Access::vars(*model)), (Ints{0, 1, 2}));
   EXPECT_TRUE(Access::vars(*model)[1].sameAs(before[3]));
   EXPECT_EQ(code([&] { before[2].get(KLO_DoubleAttr_X); }), -2003);
   klo_fake::reset();
@@ -255,7 +255,7 @@ TEST_F(Model, RemovingAVariableRenumbersTheOthersAndMarksItNegative) {
   EXPECT_EQ(code([&] { model->remove(before[2]); }), -2003);
   EXPECT_EQ(klo_fake::strs().front(), "KLOdelvars(ptr, 1, [-3])");
   EXPECT_EQ(code([&] { model->remove(before[1]); }), -2003);  // failed: nothing changes
-  EXPECT_EQ(indices(before), (std::vector<int>{-1, 0, -3, 1, 2}));
+  EXPECT_EQ(indices(before), (Ints{-1, 0, -3, 1, 2}));
   auto other = readModel(3, 0);
   EXPECT_EQ(code([&] { model->remove(Access::vars(*other)[0]); }), -2003);
   EXPECT_TRUE(klo_fake::callsOf("KLOdelvars").empty());  // foreign: refused before the library
@@ -266,11 +266,8 @@ TEST_F(Model, ColumnsComeBackInTheLibrarysOrder) {
   auto model = readModel(2, 3);
   const KLOColumn empty = model->getCol(Access::vars(*model)[1]);
   EXPECT_EQ(empty.size(), 0);
-  klo_fake::on("KLOgetvars")
-      .out(1, 2LL)
-      .out(2, std::vector<int>{0, 1})
-      .out(3, std::vector<int>{2, 0})
-      .out(4, std::vector<double>{1.5, -1.0});
+  script(klo_fake::on("KLOgetvars"),
+         {{1, 2LL}, {2, Ints{0, 1}}, {3, Ints{2, 0}}, {4, Doubles{1.5, -1}}});
   const KLOColumn col = model->getCol(Access::vars(*model)[0]);
   EXPECT_EQ(klo_fake::strs(), (Calls{"KLOgetvars(ptr, ptr, null, null, null, 1, 1)",
                                      "KLOgetvars(ptr, ptr, null, null, null, 1, 1)",
@@ -288,13 +285,13 @@ TEST_F(Model, CombiningLikeTermsSortsSumsAndKeepsTheLastHandle) {
   std::vector<double> coeffs{1, 2, 4};
   std::vector<KLOVar> handles{vars[7], vars[3], seven};
   combineLikeTerms(coeffs, handles);
-  EXPECT_EQ(coeffs, (std::vector<double>{2, 5}));
-  EXPECT_EQ(indices(handles), (std::vector<int>{3, 7}));
+  EXPECT_EQ(coeffs, (Doubles{2, 5}));
+  EXPECT_EQ(indices(handles), (Ints{3, 7}));
   EXPECT_TRUE(handles[1].sameAs(seven));
   coeffs = {2.0, -2.0};
   std::vector<KLOConstr> rows(2, Access::constrs(*model)[0]);
   combineLikeTerms(coeffs, rows);
-  EXPECT_EQ(coeffs, std::vector<double>{0.0});  // zero sums stay
+  EXPECT_EQ(coeffs, Doubles{0.0});  // zero sums stay
   coeffs.clear(), handles.clear();
   combineLikeTerms(coeffs, handles);
   EXPECT_TRUE(coeffs.empty());

@@ -51,7 +51,7 @@ TEST_F(Rows, BulkFormsShiftFiniteRightHandSidesRowByRow) {
                    "KLOaddconstrs(ptr, 2, 0, null, null, null, null, null, null)"}));
   EXPECT_EQ(added[2].index() * 100 + ranges[0].index() * 10 + empty[1].index(), 237);
   EXPECT_EQ(model->getConstrs(), Access::constrs(*model).data());
-  EXPECT_EQ(indices(Access::psdconstrs(*model)), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7}));
+  EXPECT_EQ(indices(Access::psdconstrs(*model)), (Ints{0, 1, 2, 3, 4, 5, 6, 7}));
 }
 
 TEST_F(Rows, RefusedOrFailedRowsAddNoHandles) {
@@ -85,32 +85,23 @@ TEST_F(Rows, QuadraticRowsMergeTermsAndJoinTheRowNumbering) {
   EXPECT_EQ(klo_fake::strs()[2],
             "KLOaddqconstr(ptr, 0, null, null, 1, [0], [0], [1], '>', 1e+20, \"\")");
   EXPECT_TRUE(q.sameAs(Access::qconstrs(*model)[1]));
-  EXPECT_EQ(indices(Access::constrs(*model)), (std::vector<int>{0, 1, 2}));
-  EXPECT_EQ(indices(Access::psdconstrs(*model)), (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(indices(Access::constrs(*model)), (Ints{0, 1, 2}));
+  EXPECT_EQ(indices(Access::psdconstrs(*model)), (Ints{0, 1, 2}));
 }
 
 TEST_F(Rows, RowsReadBackTheirOwnRowInTheLibrarysOrder) {
-  klo_fake::on("KLOgetconstrs")
-      .out(1, 3LL)
-      .out(3, std::vector<int>{2, 0, 2})
-      .out(4, std::vector<double>{1.5, -1, 0});
+  script(klo_fake::on("KLOgetconstrs"), {{1, 3LL}, {3, Ints{2, 0, 2}}, {4, Doubles{1.5, -1, 0}}});
   EXPECT_EQ(lin(model->getRow(model->addConstr())), "1.5*2 -1*0 +0");
   EXPECT_EQ(klo_fake::strs(), (Calls{"KLOgetconstrs(ptr, ptr, null, null, null, 0, 1)",
                                      "KLOgetconstrs(ptr, ptr, ptr, ptr, ptr, 0, 1)"}));
   auto rows = readModel(3, 2);
-  klo_fake::on("KLOgetqconstr")
-      .out(2, 1LL)
-      .out(5, 1LL)
-      .outs(3, {klo_fake::Null{}, std::vector<int>{2}})
-      .outs(4, {klo_fake::Null{}, std::vector<double>{-1.0}})
-      .outs(6, {klo_fake::Null{}, std::vector<int>{1}})
-      .outs(7, {klo_fake::Null{}, std::vector<int>{0}})
-      .outs(8, {klo_fake::Null{}, std::vector<double>{2.5}});
+  script(klo_fake::on("KLOgetqconstr"), {{2, 1LL}, {5, 1LL}},
+         {{3, Ints{2}}, {4, Doubles{-1}}, {6, Ints{1}}, {7, Ints{0}}, {8, Doubles{2.5}}});
   // Handle of row 1, numbered 2: the row read is 1.
   EXPECT_EQ(quad(rows->getQCRow(Access::qconstrs(*rows)[1])), "2.5*1*0 | -1*2 +0");
   EXPECT_EQ(klo_fake::calls()[0].integer(1), 1);
   klo_fake::reset();
-  klo_fake::on("KLOgetqconstr").out(2, 1LL).out(3, std::vector<int>{9});
+  klo_fake::on("KLOgetqconstr").out(2, 1LL).out(3, Ints{9});
   EXPECT_EQ(code([&] { rows->getQCRow(Access::qconstrs(*rows)[0]); }), -2003);
 }
 
@@ -122,7 +113,7 @@ TEST_F(Rows, RemovingARowRenumbersAllThreeHandleKinds) {
   three->remove(rows[1]);
   EXPECT_EQ(rows[2].index() * 100 + qrows[2].index() * 10 + prows[2].index(), 111);
   EXPECT_EQ(rows[1].index() + qrows[1].index() + prows[1].index(), -6);
-  EXPECT_EQ(indices(Access::constrs(*three)), (std::vector<int>{0, 1}));
+  EXPECT_EQ(indices(Access::constrs(*three)), (Ints{0, 1}));
   EXPECT_EQ(Access::qconstrs(*three).size() * 10 + Access::psdconstrs(*three).size(), 22u);
   EXPECT_EQ(code([&] { rows[1].get(KLO_DoubleAttr_RHS); }), -2002);
   auto fresh = readModel(0, 3);
@@ -196,11 +187,8 @@ TEST_F(Rows, SosSetsAddReadAndRemove) {
   EXPECT_EQ(klo_fake::strs(), (Calls{"KLOaddsos(ptr, 1, 2, [1], [0], [2, 0], [1, 2])",
                                      "KLOaddsos(ptr, 1, 2, [2], [0], [2, 0], null)"}));
   klo_fake::reset();
-  klo_fake::on("KLOgetsos")
-      .out(1, 2LL)
-      .outs(2, {klo_fake::Null{}, std::vector<int>{2}})
-      .outs(4, {klo_fake::Null{}, std::vector<int>{2, 0}})
-      .outs(5, {klo_fake::Null{}, std::vector<double>{1, 2}});
+  script(klo_fake::on("KLOgetsos"), {{1, 2LL}},
+         {{2, Ints{2}}, {4, Ints{2, 0}}, {5, Doubles{1, 2}}});
   EXPECT_EQ(model->getSOS(second, nullptr, nullptr, nullptr), 2);
   KLOVar read[2];
   double w[2];
@@ -221,14 +209,8 @@ TEST_F(Rows, IndicatorsTakeLinearComparisonsAndReadBack) {
             (Calls{"KLOaddgenconstrIndicator(ptr, \"ind\", 2, 1, 2, [0, 1], [2, -1], '<', -2)",
                    "KLOaddgenconstrIndicator(ptr, \"\", 2, 0, 1, [1], [2], '=', 1e+20)"}));
   klo_fake::reset();
-  klo_fake::on("KLOgetgenconstrIndicator")
-      .out(2, 2LL)
-      .out(3, 1LL)
-      .out(4, 1LL)
-      .out(7, '>')
-      .out(8, 4.5)
-      .outs(5, {klo_fake::Null{}, std::vector<int>{0}})
-      .outs(6, {klo_fake::Null{}, std::vector<double>{3}});
+  script(klo_fake::on("KLOgetgenconstrIndicator"),
+         {{2, 2LL}, {3, 1LL}, {4, 1LL}, {7, '>'}, {8, 4.5}}, {{5, Ints{0}}, {6, Doubles{3}}});
   KLOVar bin;
   int value = 0;
   KLOLinExpr expr;
@@ -242,7 +224,7 @@ TEST_F(Rows, IndicatorsTakeLinearComparisonsAndReadBack) {
   model->remove(g);
   EXPECT_EQ(klo_fake::strs().back(), "KLOdelgenconstrs(ptr, 1, [0])");
   EXPECT_EQ(g.index(), -1);
-  EXPECT_EQ(indices(Access::genconstrs(*model)), (std::vector<int>{0}));
+  EXPECT_EQ(indices(Access::genconstrs(*model)), (Ints{0}));
 }
 
 TEST_F(Rows, ObjectiveClearsEverythingThenAccumulatesRepeatedVariables) {
@@ -295,11 +277,7 @@ TEST_F(Rows, ObjectivesOfEveryKind) {
                    "KLOsetobjectiven(ptr, 0, 0, 1, 0, 0, \"\", 0, 0, null, null)"}));
   klo_fake::reset();
   EXPECT_EQ(quad(model->getObjective()), "| +0");
-  klo_fake::on("KLOgetq")
-      .outs(1, {1LL})
-      .outs(2, {klo_fake::Null{}, std::vector<int>{2}})
-      .outs(3, {klo_fake::Null{}, std::vector<int>{0}})
-      .outs(4, {klo_fake::Null{}, std::vector<double>{1.5}});
+  script(klo_fake::on("KLOgetq"), {{1, 1LL}}, {{2, Ints{2}}, {3, Ints{0}}, {4, Doubles{1.5}}});
   klo_fake::on("KLOgetdblattrelement", "Obj").outs(3, {0.0, -2.0, 0.0});
   klo_fake::on("KLOgetdblattr", "ObjCon").out(2, 7.0);
   EXPECT_EQ(quad(model->getObjective()), "1.5*2*0 | -2*1 +7");  // zero coefficients skipped
