@@ -155,7 +155,6 @@ Arg names(const char* const* p, int n) {
   return Arg(std::move(v));
 }
 
-Arg unsized(const int* p) { return unsizedArray(p); }
 Arg unsized(const double* p) { return unsizedArray(p); }
 
 Arg out(int* p) { return output(p, writeInt); }

@@ -47,7 +47,6 @@ Arg array(const char* p, int n);
 // An array of n C strings (a null entry is recorded as "").
 Arg names(const char* const* p, int n);
 // An array whose length the interface does not carry (Script::arrayLength).
-Arg unsized(const int* p);
 Arg unsized(const double* p);
 
 // Output pointers, recorded as Pointer before anything is written.

@@ -95,9 +95,8 @@ class Script {
   Script& returns(const void* p);
   // Length of the array argument at position pos where the interface does
   // not carry it (the penalties of KLOfeasrelax, the proposal of
-  // KLOcbsolution and KLOcbsolutionp, mind and mval of
-  // KLOaddrangepsdconstr).  Without it such an array is recorded as a
-  // Pointer, since the fake cannot know how much it may read.
+  // KLOcbsolution and KLOcbsolutionp).  Without it such an array is
+  // recorded as a Pointer, since the fake cannot know how much it may read.
   Script& arrayLength(std::size_t pos, std::size_t n);
 
  private:
