@@ -83,6 +83,8 @@ TEST_F(Environment, ParameterInfoPassesTheCallersPointersThrough) {
 // Setting by name tries an integer, then a double, then a string parameter;
 // statuses scripts those attempts, and the error of the last one is raised.
 struct ByName {
+  ByName(const char* n, const char* t, std::vector<int> s, Calls c)
+      : name(n), text(t), statuses(std::move(s)), calls(std::move(c)) {}
   const char *name, *text;
   std::vector<int> statuses;
   Calls calls;
@@ -99,24 +101,17 @@ void expectByName(const ByName& c, const std::function<void()>& set) {
 
 TEST_F(Environment, ByNameSettingStopsAtTheFirstAttemptThatTakes) {
   const ByName cases[] = {
-      {"MIP/MaxNodes", "12", {}, {"KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}},
-      {"MaxTime",
-       "1.5",
-       {-1006},
-       {"KLOsetintparam(ptr, \"MaxTime\", 1)", "KLOsetdblparam(ptr, \"MaxTime\", 1.5)"}},
-      {"Presolve", "3.7", {}, {"KLOsetintparam(ptr, \"Presolve\", 3)"}},
+      ByName("MIP/MaxNodes", "12", {}, {"KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}),
+      ByName("MaxTime", "1.5", {-1006},
+             {"KLOsetintparam(ptr, \"MaxTime\", 1)", "KLOsetdblparam(ptr, \"MaxTime\", 1.5)"}),
+      ByName("Presolve", "3.7", {}, {"KLOsetintparam(ptr, \"Presolve\", 3)"}),
       // No leading number: both numeric reads fail and pass 0.
-      {"LogFile",
-       "abc.log",
-       {-1006, -1006},
-       {"KLOsetintparam(ptr, \"LogFile\", 0)", "KLOsetdblparam(ptr, \"LogFile\", 0)",
-        "KLOsetstrparam(ptr, \"LogFile\", \"abc.log\")"}},
-      {"NoSuchThing",
-       "1",
-       {-1005, -1005, -1004},
-       {"KLOsetintparam(ptr, \"NoSuchThing\", 1)", "KLOsetdblparam(ptr, \"NoSuchThing\", 1)",
-        "KLOsetstrparam(ptr, \"NoSuchThing\", \"1\")", "KLOexplainerror(-1004)"}},
-  };
+      ByName("LogFile", "abc.log", {-1006, -1006},
+             {"KLOsetintparam(ptr, \"LogFile\", 0)", "KLOsetdblparam(ptr, \"LogFile\", 0)",
+              "KLOsetstrparam(ptr, \"LogFile\", \"abc.log\")"}),
+      ByName("NoSuchThing", "1", {-1005, -1005, -1004},
+             {"KLOsetintparam(ptr, \"NoSuchThing\", 1)", "KLOsetdblparam(ptr, \"NoSuchThing\", 1)",
+              "KLOsetstrparam(ptr, \"NoSuchThing\", \"1\")", "KLOexplainerror(-1004)"})};
   for (const ByName& c : cases) expectByName(c, [&] { env.set(c.name, c.text); });
 }
 
@@ -126,22 +121,17 @@ TEST_F(Environment, ModelByNameSettingFetchesTheEnvironmentEachTime) {
   KLOModel model(env);
   const std::string get = "KLOgetenv(ptr)";
   const ByName cases[] = {
-      {"MIP/MaxNodes", "12", {}, {get, "KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}},
-      {"MaxTime",
-       "1.5",
-       {-1006},
-       {get, "KLOsetintparam(ptr, \"MaxTime\", 1)", get, "KLOsetdblparam(ptr, \"MaxTime\", 0.51)"}},
-      {"MaxTime",
-       "10",
-       {-1006},
-       {get, "KLOsetintparam(ptr, \"MaxTime\", 10)", get,
-        "KLOsetdblparam(ptr, \"MaxTime\", 1e+01)"}},
-      {"LogFile",
-       "run.log",
-       {-1006, -1006, -1005},
-       {get, "KLOsetintparam(ptr, \"LogFile\", 0)", get, "KLOsetdblparam(ptr, \"LogFile\", 0)", get,
-        "KLOsetstrparam(ptr, \"LogFile\", \"run.log\")", "KLOexplainerror(-1005)"}},
-  };
+      ByName("MIP/MaxNodes", "12", {}, {get, "KLOsetintparam(ptr, \"MIP/MaxNodes\", 12)"}),
+      ByName("MaxTime", "1.5", {-1006},
+             {get, "KLOsetintparam(ptr, \"MaxTime\", 1)", get,
+              "KLOsetdblparam(ptr, \"MaxTime\", 0.51)"}),
+      ByName("MaxTime", "10", {-1006},
+             {get, "KLOsetintparam(ptr, \"MaxTime\", 10)", get,
+              "KLOsetdblparam(ptr, \"MaxTime\", 1e+01)"}),
+      ByName(
+          "LogFile", "run.log", {-1006, -1006, -1005},
+          {get, "KLOsetintparam(ptr, \"LogFile\", 0)", get, "KLOsetdblparam(ptr, \"LogFile\", 0)",
+           get, "KLOsetstrparam(ptr, \"LogFile\", \"run.log\")", "KLOexplainerror(-1005)"})};
   for (const ByName& c : cases) expectByName(c, [&] { model.set(c.name, c.text); });
 }
 
@@ -207,8 +197,7 @@ TEST(Names, EnumeratorsNameTheirTableRow) {
       {name(KLO_StringAttr_GenConstrName), "GenConstrName"},
       {name(KLO_MatAttr_PsdObj), "PsdObj"},
       {name(KLO_IntParam_ObjNumber), "ObjNumber"},
-      {name(KLO_DoubleParam_PDHG_PrimalTolerance), "PDHG/PrimalTolerance"},
-  };
+      {name(KLO_DoubleParam_PDHG_PrimalTolerance), "PDHG/PrimalTolerance"}};
   for (const auto& [got, expected] : cases) EXPECT_EQ(got, expected);
   EXPECT_EQ(KLO_IntAttr_NumVars, 5);
   for (int v : {0, 1, 7, -3}) {  // one fixed name whatever the value

@@ -86,6 +86,8 @@ TEST_F(Expressions, VecTrimsClearsSetsAndChecksPositions) {
   EXPECT_EQ(mats[0].nonzeros(), 2);
 }
 
+// The constructor keeps a zero coefficient, the free operators do not; zero
+// products stay quadratic only; (2 * x) * y puts y first.
 TEST_F(Expressions, OperatorsAppendTermsInOrderWithoutMerging) {
   const std::vector<std::pair<KLOLinExpr, std::string>> cases = {
       {x, "1*0 +0"},
@@ -99,17 +101,17 @@ TEST_F(Expressions, OperatorsAppendTermsInOrderWithoutMerging) {
       {0.0 * x, "+0"},
       {x * 0.0, "+0"},
       {(x + y + 3) * 0.0, "+0"},
-      {KLOLinExpr(x, 0.0), "0*0 +0"},  // the constructor keeps a zero
+      {KLOLinExpr(x, 0.0), "0*0 +0"},
   };
   for (const auto& [e, terms] : cases) EXPECT_EQ(lin(e), terms);
   const std::vector<std::pair<KLOQuadExpr, std::string>> quads = {
       {(x + 1) * (y + 2), "1*0*1 | 2*0 1*1 +2"},
       {x * (2 * y + 3), "2*0*1 | 3*0 +0"},
       {(2 * y + 3) * x, "2*0*1 | 3*0 +0"},
-      {KLOLinExpr(x, 0.0) * (y + 2), "0*0*1 | +0"},  // zero products stay quadratic only
+      {KLOLinExpr(x, 0.0) * (y + 2), "0*0*1 | +0"},
       {(x * y + 1) * 0.0, "| +0"},
       {KLOQuadExpr(x, 0.0), "| 0*0 +0"},
-      {2 * x * y + 3 * y * x + 4 * x, "2*1*0 3*0*1 | 4*0 +0"},  // (2 * x) * y puts y first
+      {2 * x * y + 3 * y * x + 4 * x, "2*1*0 3*0*1 | 4*0 +0"},
   };
   for (const auto& [q, terms] : quads) EXPECT_EQ(quad(q), terms);
 }

@@ -89,8 +89,7 @@ TEST_F(Handles, RemovedAndEmptyHandlesRefuseWithTheirKindsCode) {
       {-2003, [&] { KLOVar().index(); }},
       {-2003, [&] { KLOVar().get(KLO_DoubleAttr_X); }},
       {-2002, [&] { KLOSOS().set(KLO_IntAttr_Dim, 1); }},
-      {-2003, [&] { newHandle<KLOVar>(model, 0).sameAs(KLOVar()); }},
-  };
+      {-2003, [&] { newHandle<KLOVar>(model, 0).sameAs(KLOVar()); }}};
   for (std::size_t k = 0; k < cases.size(); ++k)
     EXPECT_EQ(code(cases[k].second), cases[k].first) << k;
   for (const auto& f : klo_fake::functions()) EXPECT_EQ(f, "KLOexplainerror");

@@ -55,8 +55,7 @@ TEST(Matrix, FactoriesPlaceEntriesRowMajor) {
       {KLOMatrix::csr(2, 3, 3, csrStart, csrCols, v), {0, 2, 4}},
       {KLOMatrix::csc(2, 3, 3, cscStart, cscRows, v), {0, 4, 1}},
       {KLOMatrix::csc(2, 3, 3, overlapping, cscRows, v), {0, 4, 1}},
-      {KLOMatrix::csc(3, 3, 3, square, squareRows, v), {3, 2, 8}},
-  };
+      {KLOMatrix::csc(3, 3, 3, square, squareRows, v), {3, 2, 8}}};
   for (const auto& [m, expected] : cases) EXPECT_EQ(positions(m), expected) << printed(m);
   EXPECT_EQ(values(cases[0].first), Doubles(6, 1.0));
   EXPECT_EQ(values(cases[1].first), Doubles(3, 1.0));
@@ -176,8 +175,7 @@ TEST(Matrix, PrintingAbbreviatesLargeMatricesAndAlignsColumns) {
       {KLOMatrix::coo(12, 12, 11, diag, val),
        "KLOMatrix(12, 12)\n[\n    (10, 10) =  0\n    ( 9,  9) =  1\n    ( 8,  8) =  2\n"
        "    ( 7,  7) =  3\n    ( 6,  6) =  4\n    ...\n    ( 4,  4) =  6\n    ( 3,  3) =  7\n"
-       "    ( 2,  2) =  8\n    ( 1,  1) =  9\n    ( 0,  0) = 10\n]"},
-  };
+       "    ( 2,  2) =  8\n    ( 1,  1) =  9\n    ( 0,  0) = 10\n]"}};
   for (const auto& [m, text] : cases) EXPECT_EQ(printed(m), text);
   const std::vector<std::pair<double, int>> lengths = {
       {12.5, 4}, {1e20, 5}, {1.0 / 3.0, 8}, {-42, 3}, {0, 1}};
