@@ -191,7 +191,7 @@ TEST_F(Model, VariablesAreAddedInEveryFormWithNamesNeverNull) {
                    "KLOaddvars(ptr, 0, 0, null, null, null, null, null, null, null, null)",
                    "KLOaddvars(ptr, 3, 0, null, null, null, null, null, null, ['B', 'B', "
                    "'B'], null)"}));
-  EXPECT_EQ(added[0].index() * 10 + added[2].index(), 79);
+  EXPECT_EQ((Ints{added[0].index(), added[2].index()}), (Ints{7, 9}));
   EXPECT_NE(none, nullptr);
   EXPECT_EQ(binaries[2].index(), 14);
   EXPECT_TRUE(binaries[0].sameAs(Access::vars(*model)[12]));

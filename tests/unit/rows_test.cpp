@@ -49,7 +49,7 @@ TEST_F(Rows, BulkFormsShiftFiniteRightHandSidesRowByRow) {
                    "KLOaddrangeconstrs(ptr, 3, 3, [0, 2, 2], [0, 1, 2], [2, 1, 1], "
                    "[-2, -1e+30, 6], [1e+20, 4, 6], null)",
                    "KLOaddconstrs(ptr, 2, 0, null, null, null, null, null, null)"}));
-  EXPECT_EQ(added[2].index() * 100 + ranges[0].index() * 10 + empty[1].index(), 237);
+  EXPECT_EQ((Ints{added[2].index(), ranges[0].index(), empty[1].index()}), (Ints{2, 3, 7}));
   EXPECT_EQ(model->getConstrs(), Access::constrs(*model).data());
   EXPECT_EQ(indices(Access::psdconstrs(*model)), (Ints{0, 1, 2, 3, 4, 5, 6, 7}));
 }
@@ -110,10 +110,11 @@ TEST_F(Rows, RemovingARowRenumbersAllThreeHandleKinds) {
   const std::vector<KLOQConstr> qrows = Access::qconstrs(*three);
   const std::vector<KLOPsdConstr> prows = Access::psdconstrs(*three);
   three->remove(rows[1]);
-  EXPECT_EQ(rows[2].index() * 100 + qrows[2].index() * 10 + prows[2].index(), 111);
-  EXPECT_EQ(rows[1].index() + qrows[1].index() + prows[1].index(), -6);
+  EXPECT_EQ((Ints{rows[2].index(), qrows[2].index(), prows[2].index()}), (Ints{1, 1, 1}));
+  EXPECT_EQ((Ints{rows[1].index(), qrows[1].index(), prows[1].index()}), (Ints{-2, -2, -2}));
   EXPECT_EQ(indices(Access::constrs(*three)), (Ints{0, 1}));
-  EXPECT_EQ(Access::qconstrs(*three).size() * 10 + Access::psdconstrs(*three).size(), 22u);
+  EXPECT_EQ(Access::qconstrs(*three).size(), 2u);
+  EXPECT_EQ(Access::psdconstrs(*three).size(), 2u);
   EXPECT_EQ(code([&] { rows[1].get(KLO_DoubleAttr_RHS); }), -2002);
   auto fresh = readModel(0, 3);
   const KLOQConstr q1 = Access::qconstrs(*fresh)[1];
