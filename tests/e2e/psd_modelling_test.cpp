@@ -122,33 +122,6 @@ TEST_F(PsdModelling, LovaszThetaOfTheFiveCycle) {
   }
 }
 
-// Max-cut relaxation of the 4-cycle: max sum over edges (1 - X_ij) / 2
-// subject to X_ii = 1.  The cycle is bipartite, so the cut {0, 2} | {1, 3}
-// takes all 4 edges and X = v v' with v = (1, -1, 1, -1) reaches the bound
-// 4 (X_ij >= -1 on a PSD matrix with unit diagonal).  X is unique: X_01 =
-// -1 with unit diagonal forces row 1 = -row 0, and so on round the cycle.
-TEST_F(PsdModelling, MaxCutOfTheFourCycleCutsEveryEdge) {
-  const int n = 4;
-  const KLOPsdVar X = model->addPsdVar(n, "X");
-  for (int i = 0; i < n; ++i) model->addRangePsdConstr(unit(n, i, i) * X, 1, 1);
-  // Each edge's -X_ij / 2 is -1/4 on one triangle entry: the upper one,
-  // which getValue pairs with "PsdX" (read back as its upper triangle).
-  KLOPsdExpr cut(n / 2.0);
-  for (int i = 0; i < n; ++i) {
-    const int j = (i + 1) % n;
-    cut += -0.25 * unit(n, std::min(i, j), std::max(i, j)) * X;
-  }
-  model->setObjective(cut, -1);
-  solveToOptimality();
-  if (HasFatalFailure()) return;
-  EXPECT_NEAR(model->get(KLO_DoubleAttr_ObjVal), 4.0, kTol);
-  EXPECT_NEAR(cut.getValue(), 4.0, kTol);
-  const std::vector<double> x = solution(X);
-  const double v[] = {1, -1, 1, -1};
-  for (int i = 0; i < n; ++i)
-    for (int j = 0; j < n; ++j) EXPECT_NEAR(x[i * n + j], v[i] * v[j], kTol) << i << j;
-}
-
 // The largest eigenvalue as a linear variable: min t subject to
 // t I - C = X, X PSD, t free.  With C = [2 1; 1 2] the optimum is t = 3,
 // X = [1 -1; -1 1].  Duals: lambda_max moves by -u_i u_j per unit rise of
