@@ -176,8 +176,7 @@ TEST_F(Attributes, SynonymsShareTheirValue) {
   ASSERT_EQ(KLOsetdblattrelement(model, "PsdCLHS", 0, -0.5), KLO_OK);
   EXPECT_EQ(dblAt("LHS", 0), -0.5);
   EXPECT_EQ(intAttr("NumConss"), intAttr("NumConstrs"));
-  EXPECT_EQ(intAttr("ModelSense"), KLO_MINIMIZE);
-  EXPECT_EQ(intAttr("MinSense"), 1);
+  EXPECT_EQ(intAttrs({"ModelSense", "MinSense"}), (std::vector<int>{KLO_MINIMIZE, 1}));
   ASSERT_EQ(KLOsetintattr(model, "ModelSense", KLO_MAXIMIZE), KLO_OK);
   EXPECT_EQ(intAttr("MinSense"), 0);
   ASSERT_EQ(KLOsetintattr(model, "MinSense", 1), KLO_OK);
@@ -185,15 +184,9 @@ TEST_F(Attributes, SynonymsShareTheirValue) {
 }
 
 TEST_F(Attributes, CountsAndArraysFollowTheModel) {
-  EXPECT_EQ(intAttr("NumVars"), 1);
-  EXPECT_EQ(intAttr("NumBinVars"), 1);
-  EXPECT_EQ(intAttr("IsInteger"), 1);
-  EXPECT_EQ(intAttr("NumPsdVars"), 1);
-  EXPECT_EQ(intAttr("NumGenConstrs"), 1);
-  EXPECT_EQ(intAttr("NumQConstrs"), 0);
-  EXPECT_EQ(intAttr("Status"), KLO_STATUS_UNSTARTED);
-  EXPECT_EQ(intAttr("HasSolution"), 0);
-  EXPECT_EQ(intAttr("SolCount"), 0);
+  EXPECT_EQ(intAttrs({"NumVars", "NumBinVars", "IsInteger", "NumPsdVars", "NumGenConstrs",
+                      "NumQConstrs", "Status", "HasSolution", "SolCount"}),
+            (std::vector<int>{1, 1, 1, 1, 1, 0, KLO_STATUS_UNSTARTED, 0, 0}));
   int dim = 0, type = -1;
   ASSERT_EQ(KLOgetintattrelement(model, "Dim", 0, &dim), KLO_OK);
   EXPECT_EQ(dim, 2);
@@ -368,23 +361,6 @@ TEST_F(Params, RefusalsHaveTheirCodesAndChangeNothing) {
   EXPECT_EQ(i, -1);
 }
 
-TEST_F(Params, ResetRestoresEveryDefault) {
-  ASSERT_EQ(KLOsetintparam(env, "Method", 2), KLO_OK);
-  ASSERT_EQ(KLOsetdblparam(env, "MIP/GapRel", 0.5), KLO_OK);
-  TempFile log(".log");
-  ASSERT_EQ(KLOsetstrparam(env, "LogFile", log.c_str()), KLO_OK);
-  ASSERT_EQ(KLOresetparams(env), KLO_OK);
-  int method = 0;
-  double gap = 0;
-  char s[512] = "x";
-  EXPECT_EQ(KLOgetintparam(env, "Method", &method), KLO_OK);
-  EXPECT_EQ(method, -1);
-  EXPECT_EQ(KLOgetdblparam(env, "MIP/GapRel", &gap), KLO_OK);
-  EXPECT_EQ(gap, 1e-4);
-  EXPECT_EQ(KLOgetstrparam(env, "LogFile", s), KLO_OK);
-  EXPECT_STREQ(s, "");
-}
-
 TEST_F(Params, FilesHoldTheChangedValuesAndReadBack) {
   TempFile prm(".prm"), log(".log");
   ASSERT_EQ(KLOsetintparam(env, "MIP/MaxNodes", 1234), KLO_OK);
@@ -393,33 +369,32 @@ TEST_F(Params, FilesHoldTheChangedValuesAndReadBack) {
   ASSERT_EQ(KLOsetstrparam(env, "LogFile", log.c_str()), KLO_OK);
   ASSERT_EQ(KLOwriteparams(env, prm.c_str()), KLO_OK);
   const std::string text = prm.read();
-  EXPECT_NE(text.find("MIP/MaxNodes 1234"), std::string::npos);
-  EXPECT_NE(text.find("LogToConsole 0"), std::string::npos);
+  const std::string lines[] = {"MIP/MaxNodes 1234", "MIP/GapRel 0.1", "MIP/Cutoff -1e+20",
+                               "LogToConsole 0", "LogFile " + log.path()};
+  for (const std::string& line : lines)
+    EXPECT_NE(text.find(line + "\n"), std::string::npos) << line << " in\n" << text;
   EXPECT_EQ(text.find("MaxTime"), std::string::npos) << "only values that are not the default";
+  // Read into another environment, the values write the same file again.
   KLOenv* other = nullptr;
   ASSERT_EQ(KLOemptyenv(&other), KLO_OK);
   ASSERT_EQ(KLOreadparams(other, prm.c_str()), KLO_OK) << KLOgeterrormsg(other);
-  int nodes = 0, console = 0;
-  double gap = 0, cutoff = 0;
-  char file[512];
-  EXPECT_EQ(KLOgetintparam(other, "MIP/MaxNodes", &nodes), KLO_OK);
-  EXPECT_EQ(nodes, 1234);
-  EXPECT_EQ(KLOgetdblparam(other, "MIP/GapRel", &gap), KLO_OK);
-  EXPECT_EQ(gap, 0.1);
-  EXPECT_EQ(KLOgetdblparam(other, "MIP/Cutoff", &cutoff), KLO_OK);
-  EXPECT_EQ(cutoff, -1e20);
-  EXPECT_EQ(KLOgetstrparam(other, "LogFile", file), KLO_OK);
-  EXPECT_EQ(std::string(file), log.path());
-  EXPECT_EQ(KLOgetintparam(other, "LogToConsole", &console), KLO_OK);
-  EXPECT_EQ(console, 0);
+  TempFile again(".prm");
+  ASSERT_EQ(KLOwriteparams(other, again.c_str()), KLO_OK);
+  EXPECT_EQ(again.read(), text);
   KLOfreeenv(other);
   // Comments, blank lines and spacing of other writers.
   prm.write("# a comment\n\n   Method   1   # trailing comment\n\tMIP/GapAbs\t0.5\r\n");
   ASSERT_EQ(KLOreadparams(env, prm.c_str()), KLO_OK) << lastError();
-  EXPECT_EQ(KLOgetintparam(env, "Method", &nodes), KLO_OK);
-  EXPECT_EQ(nodes, 1);
+  int method = 0;
+  double gap = 0;
+  EXPECT_EQ(KLOgetintparam(env, "Method", &method), KLO_OK);
+  EXPECT_EQ(method, 1);
   EXPECT_EQ(KLOgetdblparam(env, "MIP/GapAbs", &gap), KLO_OK);
   EXPECT_EQ(gap, 0.5);
+  // Every parameter, the log file too, back at its default: none is written.
+  ASSERT_EQ(KLOresetparams(env), KLO_OK);
+  ASSERT_EQ(KLOwriteparams(env, prm.c_str()), KLO_OK);
+  EXPECT_EQ(prm.read(), "# Parameters that differ from their defaults\n");
 }
 
 TEST_F(Params, MalformedFileNamesFileAndLineAndChangesNothing) {
@@ -495,11 +470,6 @@ TEST(ExplainError, EveryCodeHasItsOwnTextAndUnknownCodesTheirNumber) {
     EXPECT_EQ(std::string(text).find("Unknown error code"), std::string::npos) << code;
     EXPECT_TRUE(texts.insert(text).second) << "duplicate text for " << code;
   }
-  EXPECT_STREQ(KLOexplainerror(KLO_ERROR_INVALID_VAR), "Invalid variable index");
-  EXPECT_STREQ(KLOexplainerror(KLO_ERROR_INVALID_CONSTR), "Invalid constraint index");
-  EXPECT_STREQ(KLOexplainerror(KLO_ERROR_OUT_OF_MEMORY),
-               "Out of memory, or the model could not be copied");
-  EXPECT_STREQ(KLOexplainerror(KLO_ERROR_CALLBACK_INFO), "Unknown callback information code");
   EXPECT_STREQ(KLOexplainerror(KLO_OK), "Success");
   EXPECT_STREQ(KLOexplainerror(1001), "Unknown error code 1001");
   EXPECT_STREQ(KLOexplainerror(-424242), "Unknown error code -424242");

@@ -231,8 +231,6 @@ const std::vector<BadCall> kCases = {
      [](M m) { return KLOsetdblattr(m, "LB", 1); }},
     {"model attribute at element level", KLO_ERROR_ATTRIBUTE_LEVEL, "",
      [](M m) { return KLOsetdblattrelement(m, "ObjCon", 0, 1); }},
-    {"read-only attribute", KLO_ERROR_ATTRIBUTE_READONLY, "",
-     [](M m) { return KLOsetintattr(m, "NumVars", 9); }},
     // indicators: binaries only, values 0 and 1
     {"indicator on a continuous variable", KLO_ERROR_INVALID_ARGUMENT, "binary",
      [](M m) { return KLOaddgenconstrIndicator(m, "g", 0, 1, 2, kInd2, kVal2, '<', 1); }},

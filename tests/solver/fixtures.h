@@ -7,11 +7,14 @@
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
+#include <initializer_list>
 #include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "common/error.h"
 #include "klo_c.h"
 
 namespace klotest {
@@ -39,6 +42,17 @@ class TempFile {
  private:
   std::string path_;
 };
+
+// The library's error thrown by f, which must throw one.
+inline klo::Error thrown(const std::function<void()>& f) {
+  try {
+    f();
+  } catch (const klo::Error& e) {
+    return e;
+  }
+  ADD_FAILURE() << "accepted";
+  return klo::Error{KLO_OK, ""};
+}
 
 // Each value within tol of the one wanted.
 inline void expectNear(const std::vector<double>& got, const std::vector<double>& want,
@@ -92,6 +106,11 @@ class ModelTest : public EnvTest {
   int intAttr(const char* name) const {
     int v = -12345;
     EXPECT_EQ(KLOgetintattr(model, name, &v), KLO_OK) << name;
+    return v;
+  }
+  std::vector<int> intAttrs(std::initializer_list<const char*> names) const {
+    std::vector<int> v;
+    for (const char* name : names) v.push_back(intAttr(name));
     return v;
   }
   double dbl(const char* name) const {

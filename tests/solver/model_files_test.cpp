@@ -328,27 +328,6 @@ TEST_F(Files, MalformedFilesAreRefusedWithFileAndLine) {
   }
 }
 
-TEST_F(Files, TruncatedCopiesOfAGoodFileNeverCrash) {
-  const int ind[] = {0, 1};
-  const double val[] = {1, 2};
-  addVars(2);
-  ASSERT_EQ(KLOaddrangeconstr(model, 2, ind, val, -1, 4, "r"), KLO_OK);
-  ASSERT_EQ(KLOsetcharattrelement(model, "VType", 1, 'I'), KLO_OK);
-  for (const char* suffix : {".lp", ".mps"}) {
-    TempFile good(suffix);
-    ASSERT_EQ(KLOwrite(model, good.c_str()), KLO_OK);
-    const std::string text = good.read();
-    for (size_t cut = 0; cut < text.size(); cut += 3) {
-      TempFile part(suffix);
-      part.write(text.substr(0, cut));
-      KLOmodel* m = nullptr;
-      const int status = KLOreadmodel(env, part.c_str(), &m);
-      EXPECT_TRUE(status == KLO_OK || status == KLO_ERROR_FILE_READ) << suffix << " cut " << cut;
-      KLOfreemodel(m);
-    }
-  }
-}
-
 TEST_F(Files, WhatIsNoFileOrIsDamagedIsRefused) {
   std::ifstream in(std::string(KLO_INSTANCES_DIR) + "/afiro.mps.gz", std::ios::binary);
   std::stringstream ss;

@@ -111,9 +111,7 @@ TEST_F(Models, RelaxDropsIntegralitySosAndIndicators) {
   KLOmodel* relaxed = nullptr;
   ASSERT_EQ(KLOrelaxmodel(model, &relaxed), KLO_OK);
   std::swap(relaxed, model);
-  EXPECT_EQ(intAttr("IsInteger"), 0);
-  EXPECT_EQ(intAttr("NumSOS"), 0);
-  EXPECT_EQ(intAttr("NumGenConstrs"), 0);
+  EXPECT_EQ(intAttrs({"IsInteger", "NumSOS", "NumGenConstrs"}), (I{0, 0, 0}));
   char t[4];
   ASSERT_EQ(KLOgetcharattrarray(model, "VType", 0, 4, t), KLO_OK);
   EXPECT_EQ(std::string(t, 4), "CCCC");
@@ -270,9 +268,7 @@ TEST_F(Variables, TypesAndBounds) {
   EXPECT_EQ(dblAt("UB", 0), KLO_INFINITY) << "bounds beyond 1e20 are infinite";
   ASSERT_EQ(KLOsetdblattrelement(model, "LB", 0, -INFINITY), KLO_OK);
   EXPECT_EQ(dblAt("LB", 0), -KLO_INFINITY);
-  EXPECT_EQ(intAttr("NumIntVars"), 1);
-  EXPECT_EQ(intAttr("NumBinVars"), 0);
-  EXPECT_EQ(intAttr("NumContVars"), 0);
+  EXPECT_EQ(intAttrs({"NumIntVars", "NumBinVars", "NumContVars"}), (I{1, 0, 0}));
 }
 
 using Rows = ModelTest;
@@ -349,9 +345,7 @@ TEST_F(Quadratic, RowAndObjectiveTermsAreMergedIntoOneTriangle) {
   const int qr[] = {1, 0, 2}, qc[] = {0, 1, 2};
   const double qv[] = {1.5, 0.5, -1};
   ASSERT_EQ(KLOaddqconstr(model, 1, lind, lval, 3, qr, qc, qv, '>', 3, "q"), KLO_OK);
-  EXPECT_EQ(intAttr("NumQConstrs"), 1);
-  EXPECT_EQ(intAttr("NumNZs"), 1);
-  EXPECT_EQ(intAttr("NumEnts"), 3);
+  EXPECT_EQ(intAttrs({"NumQConstrs", "NumNZs", "NumEnts"}), (I{1, 1, 3}));
   EXPECT_EQ(dblAt("QCLHS", 0), 3.0);
   EXPECT_EQ(dblAt("QCRHS", 0), KLO_INFINITY);
   ASSERT_EQ(KLOaddqpterms(model, 2, qr, qc, qv), KLO_OK);
@@ -393,14 +387,12 @@ TEST_F(Quadratic, PsdRowsAndObjectivesOverSeveralVariables) {
   // Deleting A keeps the row with B's terms; deleting B too leaves a linear row.
   const int del[] = {0};
   ASSERT_EQ(KLOdelpsdvars(model, 1, del), KLO_OK);
-  EXPECT_EQ(intAttr("NumPsdConstrs"), 1);
-  EXPECT_EQ(intAttr("NumEnts"), 1 + 3);
+  EXPECT_EQ(intAttrs({"NumPsdConstrs", "NumEnts"}), (I{1, 1 + 3}));
   const char* name = nullptr;
   ASSERT_EQ(KLOgetstrattrelement(model, "PsdVarName", 0, &name), KLO_OK);
   EXPECT_STREQ(name, "B");
   ASSERT_EQ(KLOdelpsdvars(model, 1, del), KLO_OK);
-  EXPECT_EQ(intAttr("NumPsdConstrs"), 0);
-  EXPECT_EQ(intAttr("NumConstrs"), 1);
+  EXPECT_EQ(intAttrs({"NumPsdConstrs", "NumConstrs"}), (I{0, 1}));
 }
 
 using SetsAndIndicators = ModelTest;

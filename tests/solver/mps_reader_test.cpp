@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "common/error.h"
 #include "fixtures.h"
 #include "io/mps.h"
 #include "store/edit.h"
@@ -29,15 +28,11 @@ ModelData readText(const std::string& text) {
 std::string refusal(const std::string& text) {
   TempFile file(".mps");
   file.write(text);
-  try {
-    klo::readMps(file.path());
-  } catch (const klo::Error& e) {
-    EXPECT_EQ(e.code, KLO_ERROR_FILE_READ);
-    return e.message.compare(0, file.path().size(), file.path()) == 0
-               ? "f" + e.message.substr(file.path().size())
-               : e.message;
-  }
-  return "read without error";
+  const klo::Error e = klotest::thrown([&] { klo::readMps(file.path()); });
+  EXPECT_EQ(e.code, KLO_ERROR_FILE_READ);
+  return e.message.compare(0, file.path().size(), file.path()) == 0
+             ? "f" + e.message.substr(file.path().size())
+             : e.message;
 }
 
 struct Bad {
@@ -325,12 +320,7 @@ TEST(MpsWriter, RefusesARowWhoseBoundsCross) {
   row.upper = 3;
   klo::appendRow(d, row, "crossed");
   TempFile file(".mps");
-  try {
-    klo::writeMps(file.path(), d);
-    ADD_FAILURE() << "written";
-  } catch (const klo::Error& e) {
-    EXPECT_EQ(e.code, KLO_ERROR_NOT_SUPPORTED);
-  }
+  EXPECT_EQ(klotest::thrown([&] { klo::writeMps(file.path(), d); }).code, KLO_ERROR_NOT_SUPPORTED);
 }
 
 }  // namespace

@@ -2,15 +2,13 @@
 // class out), which engine solves what (or the refusal), the answer check's
 // figures on answers with one known fault each and its clean-up with an
 // engine that answers from a script, and the solution pool.
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "common/error.h"
 #include "engine/solution_pool.h"
+#include "fixtures.h"
 #include "solve/answer_check.h"
 #include "solve/checked_solve.h"
 #include "solve/chooser.h"
@@ -27,17 +25,6 @@ using klo::engine::Result;
 using klo::engine::Settings;
 using C = ModelClass;
 constexpr double kInf = KLO_INFINITY;
-
-// The refusal's code and message of f, which must throw.
-klo::Error refusal(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const klo::Error& e) {
-    return e;
-  }
-  ADD_FAILURE() << "accepted";
-  return klo::Error{KLO_OK, ""};
-}
 
 // Three columns in [0, 10] with costs 1 and no rows.
 Problem threeColumns() {
@@ -163,7 +150,7 @@ TEST(Convexity, DenseBlocksAreFactorisedAndLargeOnesNot) {
         q->row.push_back(i), q->col.push_back(i + 1), q->val.push_back(-2);  // -x_i x_{i+1} twice
   }
   EXPECT_TRUE(klo::semidefinite(smooth, 1));
-  const klo::Error e = refusal([&] { klo::semidefinite(weak, 1); });
+  const klo::Error e = thrown([&] { klo::semidefinite(weak, 1); });
   EXPECT_EQ(e.code, KLO_ERROR_NOT_SUPPORTED);
   EXPECT_NE(e.message.find("too large to check"), std::string::npos) << e.message;
 }
@@ -172,7 +159,7 @@ TEST(EngineChoice, NonconvexRowsAreNamedUnlessALocalAnswerIsAskedFor) {
   Problem p = threeColumns();
   addRow(p, -kInf, 4, {0, 0, 0}, {{0, 1}, {0, 1}, {1, 1}});
   addRow(p, 1, kInf, {0, 0, 0}, {{0, 1}, {0, 1}, {1, 1}});
-  const klo::Error e = refusal([&] { klo::chooseEngine(p, "KLOoptimize"); });
+  const klo::Error e = thrown([&] { klo::chooseEngine(p, "KLOoptimize"); });
   EXPECT_EQ(e.code, KLO_ERROR_NONCONVEX);
   EXPECT_NE(e.message.find("KLOoptimize: row \"r1\" is not convex"), std::string::npos);
   EXPECT_NE(e.message.find("\"NonConvex\""), std::string::npos) << e.message;
@@ -276,7 +263,7 @@ TEST(EngineChoice, ModelClassesGoToTheEngineThatTakesThemOrAreRefusedByFeature) 
   EXPECT_STREQ(klo::chooseEngine(p, "x", false, {integers, quadratic}).name, "IntegersOnly");
   p.colType[0] = 'I';
   p.objQuad = {{0}, {0}, {1.0}};
-  const klo::Error e = refusal([&] { klo::chooseEngine(p, "x", false, {integers, quadratic}); });
+  const klo::Error e = thrown([&] { klo::chooseEngine(p, "x", false, {integers, quadratic}); });
   EXPECT_NE(e.message.find("integer variables together with quadratic objective terms"),
             std::string::npos)
       << e.message;
