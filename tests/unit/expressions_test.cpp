@@ -195,6 +195,9 @@ TEST_F(Expressions, AddTermsDropsZerosAndRemovalTakesEveryOccurrence) {
   q = 2 * x * y + 3 * y * x + y * z + 4 * x;
   q.remove(x);
   EXPECT_EQ(quad(q), "1*1*2 | +0");
+  q += 3 * x * z;
+  q.remove(0);  // every slot of the position goes
+  EXPECT_EQ(quad(q), "3*2*0 | +0");
   EXPECT_EQ(code([&] { q.remove(1); }), -2003);
 }
 
