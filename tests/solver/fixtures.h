@@ -71,6 +71,16 @@ class EnvTest : public ::testing::Test {
   }
   void TearDown() override { KLOfreeenv(env); }
   std::string lastError() const { return KLOgeterrormsg(env); }
+  // m written to a file of the suffix and read back into a new model (the
+  // caller frees it); the written text goes to text.
+  KLOmodel* throughFile(KLOmodel* m, const std::string& suffix, std::string* text = nullptr) {
+    TempFile file(suffix);
+    EXPECT_EQ(KLOwrite(m, file.c_str()), KLO_OK) << KLOgeterrormsg(KLOgetenv(m));
+    KLOmodel* back = nullptr;
+    EXPECT_EQ(KLOreadmodel(env, file.c_str(), &back), KLO_OK) << suffix << ": " << lastError();
+    if (text) *text = file.read();
+    return back;
+  }
 
   KLOenv* env = nullptr;
 };

@@ -160,10 +160,8 @@ class InstanceFiles : public EnvTest {
     for (const std::string& suffix : suffixes) {
       const bool names = suffix != ".lp";
       const std::string original = snapshot(m, {names, true});
-      TempFile file(suffix);
-      ASSERT_EQ(KLOwrite(m, file.c_str()), KLO_OK) << KLOgeterrormsg(KLOgetenv(m));
-      KLOmodel* back = nullptr;
-      ASSERT_EQ(KLOreadmodel(env, file.c_str(), &back), KLO_OK) << suffix << ": " << lastError();
+      KLOmodel* back = throughFile(m, suffix);
+      ASSERT_NE(back, nullptr);
       const std::string reread = snapshot(back, {names, true});
       EXPECT_TRUE(sameNumbers(reread, original, 1e-14)) << suffix << "\n" << reread;
       KLOfreemodel(back);

@@ -55,16 +55,6 @@ class RichModel : public ModelTest {
     ASSERT_EQ(KLOaddgenconstrIndicator(m, "ind", 3, 0, 2, ii, iv, '>', -1), KLO_OK);
   }
 
-  // Written to a file of the suffix and read back into a new model (the
-  // caller frees it); the written text goes to text.
-  KLOmodel* throughFile(KLOmodel* m, const std::string& suffix, std::string* text = nullptr) {
-    TempFile file(suffix);
-    EXPECT_EQ(KLOwrite(m, file.c_str()), KLO_OK) << KLOgeterrormsg(KLOgetenv(m));
-    KLOmodel* back = nullptr;
-    EXPECT_EQ(KLOreadmodel(env, file.c_str(), &back), KLO_OK) << suffix << ": " << lastError();
-    if (text) *text = file.read();
-    return back;
-  }
   void expectRoundTrip(const std::string& suffix, SnapshotOptions o = {}) {
     KLOmodel* back = throughFile(model, suffix);
     ASSERT_NE(back, nullptr);
@@ -325,6 +315,27 @@ TEST_F(Files, MalformedFilesAreRefusedWithFileAndLine) {
     EXPECT_NE(lastError().find(file.path() + bad.line), std::string::npos) << lastError();
     EXPECT_EQ(KLOread(model, file.c_str()), KLO_ERROR_FILE_READ);
     EXPECT_EQ(snapshot(model), before);
+  }
+}
+
+TEST_F(Files, TruncatedCopiesOfAGoodFileNeverCrash) {
+  const int ind[] = {0, 1};
+  const double val[] = {1, 2};
+  addVars(2);
+  ASSERT_EQ(KLOaddrangeconstr(model, 2, ind, val, -1, 4, "r"), KLO_OK);
+  ASSERT_EQ(KLOsetcharattrelement(model, "VType", 1, 'I'), KLO_OK);
+  for (const char* suffix : {".lp", ".mps"}) {
+    TempFile good(suffix);
+    ASSERT_EQ(KLOwrite(model, good.c_str()), KLO_OK);
+    const std::string text = good.read();
+    for (size_t cut = 0; cut < text.size(); cut += 3) {
+      TempFile part(suffix);
+      part.write(text.substr(0, cut));
+      KLOmodel* m = nullptr;
+      const int status = KLOreadmodel(env, part.c_str(), &m);
+      EXPECT_TRUE(status == KLO_OK || status == KLO_ERROR_FILE_READ) << suffix << " cut " << cut;
+      KLOfreemodel(m);
+    }
   }
 }
 

@@ -128,15 +128,6 @@ class SdpaModel : public ModelTest {
     ASSERT_EQ(KLOaddrangeconstr(model, 1, &cind[1], &cval[1], -1, -1, "b"), KLO_OK);
     ASSERT_EQ(KLOsetintattr(model, "ModelSense", KLO_MAXIMIZE), KLO_OK);
   }
-
-  // Written to a file of suffix and read back into a new model.
-  KLOmodel* writeAndRead(const std::string& suffix) {
-    TempFile file(suffix);
-    EXPECT_EQ(KLOwrite(model, file.c_str()), KLO_OK) << modelError();
-    KLOmodel* back = nullptr;
-    EXPECT_EQ(KLOreadmodel(env, file.c_str(), &back), KLO_OK) << lastError();
-    return back;
-  }
 };
 
 // SDPA holds no names.
@@ -145,7 +136,7 @@ const SnapshotOptions kNoNames = {false, false};
 TEST_F(SdpaModel, WritingAndReadingGivesTheSameModel) {
   for (const char* suffix : {".dat-s", ".dat-s.gz"}) {
     SCOPED_TRACE(suffix);
-    KLOmodel* back = writeAndRead(suffix);
+    KLOmodel* back = throughFile(model, suffix);
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(snapshot(back, kNoNames), snapshot(model, kNoNames));
     KLOfreemodel(back);
@@ -154,7 +145,7 @@ TEST_F(SdpaModel, WritingAndReadingGivesTheSameModel) {
 
 TEST_F(SdpaModel, AMinimisedModelIsWrittenWithItsObjectiveNegated) {
   ASSERT_EQ(KLOsetintattr(model, "ModelSense", KLO_MINIMIZE), KLO_OK);
-  KLOmodel* back = writeAndRead(".dat-s");
+  KLOmodel* back = throughFile(model, ".dat-s");
   ASSERT_NE(back, nullptr);
   int sense = 0, nnz = 0, nr = 0, nc = 0, ind[3];
   double obj = 0, val[3];
