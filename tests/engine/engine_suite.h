@@ -62,14 +62,16 @@ class EngineTest : public testing::TestWithParam<EngineEntry> {
   }
 };
 
-// What gtest prints for a parameter.
-inline void PrintTo(const EngineEntry& e, std::ostream* os) { *os << e.name; }
-
 inline std::string engineName(const testing::TestParamInfo<EngineEntry>& info) {
   return info.param.name;
 }
 
 }  // namespace klo::engine::test
+
+namespace klo::engine {
+// What gtest prints for a parameter (found by argument-dependent lookup).
+inline void PrintTo(const EngineEntry& e, std::ostream* os) { *os << e.name; }
+}  // namespace klo::engine
 
 #define KLO_ENGINE_SUITE(Suite, need)                                                 \
   INSTANTIATE_TEST_SUITE_P(Engines, Suite,                                            \
