@@ -264,7 +264,8 @@ TEST_F(Files, LpDialectsOfOtherWriters) {
 struct BadFile {
   const char* suffix;
   const char* text;
-  const char* line;  // ":n" expected in the message, "" for none
+  const char* line;       // ":n" expected in the message, "" for none
+  const char* says = "";  // further on in the message
 };
 
 // The MPS reader's refusals have their own table; here the ways into it.
@@ -300,6 +301,37 @@ const BadFile kBadFiles[] = {
     {".lp", "Minimize\n obj: x\nSubject To\n c: [ 1e308 x * y + 1e308 y * x ] <= 1\nEnd\n", ":4"},
     {".lp", "\x7f\x45\x4c\x46\x02\x01", ":1"},
     {".lp", "", ""},
+// After this header of an SDPA file, entries start on line 5.
+#define HEAD "1\n2\n2 -2\n1.5\n"
+    {".dat-s", "", ":1: ", "found the end of the file"},
+    {".dat-s", "\"only a comment\n", ":1: ", "found the end of the file"},
+    {".dat-s", "0\n1\n2\n1\n", ":1: ", "above 0"},
+    {".dat-s", "2.5\n1\n2\n1\n", ":1: ", "expected an integer"},
+    {".dat-s", "1\n-1\n2\n1\n", ":2: ", "above 0"},
+    {".dat-s", "1\n+-1\n2\n1\n", ":2: ", "expected an integer"},
+    {".dat-s", "1\n2\n2 0\n1\n", ":3: ", "other than 0"},
+    {".dat-s", "1\n2\n2 1.5\n1\n", ":3: ", "expected an integer"},
+    {".dat-s", "1\n2\n2\n1\n", ":3: ", "expected 2 block sizes"},
+    {".dat-s", "1\n1\n50000\n1\n", ":3: ", "above 46340"},
+    {".dat-s", "1\n1\n-2000000000\n1\n", ":3: ", "diagonal blocks hold more than"},
+    {".dat-s", "1\n2\n2 -2\n", ":3: ", "expected the c vector, found the end"},
+    {".dat-s", "2\n2\n2 -2\n1\n", ":4: ", "expected a c vector of length 2"},
+    {".dat-s", "1\n2\n2 -2\nnan\n", ":4: ", "expected a c vector of length 1"},
+    {".dat-s", "1\n2\n2 -2\n1e20\n", ":4: ", "stands for infinity"},
+    {".dat-s", HEAD "2 1 1 1 1\n", ":5: ", "matrix number from 0 to 1"},
+    {".dat-s", HEAD "1 3 1 1 1\n", ":5: ", "block number from 1 to 2"},
+    {".dat-s", HEAD "1 0 1 1 1\n", ":5: ", "block number from 1 to 2"},
+    {".dat-s", HEAD "1 1 1 3 1\n", ":5: ", "column number from 1 to 2"},
+    {".dat-s", HEAD "1 2 0 0 1\n", ":5: ", "row number from 1 to 2"},
+    {".dat-s", HEAD "1 1 2 1 1\n", ":5: ", "below the diagonal"},
+    {".dat-s", HEAD "1 2 1 2 1\n", ":5: ", "off the diagonal of diagonal block 2"},
+    {".dat-s", HEAD "1 1 1 1 abc\n", ":5: ", "expected an entry"},
+    {".dat-s", HEAD "1 1 1 1 -inf\n", ":5: ", "expected a number, found \"-inf\""},
+    {".dat-s", HEAD "1 1 1 1 1e400\n", ":5: ", "expected a number"},
+    {".dat-s", HEAD "1 1 1 1 1 1\n", ":5: ", "expected an entry"},
+    {".dat-s", HEAD "\"a late comment\n", ":5: ", "expected an entry"},
+    {".dat-s", HEAD "1 1 1 2 1\n0 1 1 1 1\n1 1 1 2 3\n", ":7: ", "second time (first on line 5)"},
+#undef HEAD
 };
 
 TEST_F(Files, MalformedFilesAreRefusedWithFileAndLine) {
@@ -313,6 +345,7 @@ TEST_F(Files, MalformedFilesAreRefusedWithFileAndLine) {
     EXPECT_EQ(KLOreadmodel(env, file.c_str(), &m), KLO_ERROR_FILE_READ);
     EXPECT_EQ(m, nullptr);
     EXPECT_NE(lastError().find(file.path() + bad.line), std::string::npos) << lastError();
+    EXPECT_NE(lastError().find(bad.says), std::string::npos) << lastError();
     EXPECT_EQ(KLOread(model, file.c_str()), KLO_ERROR_FILE_READ);
     EXPECT_EQ(snapshot(model), before);
   }
