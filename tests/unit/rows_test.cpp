@@ -99,8 +99,8 @@ TEST_F(Rows, RowsReadBackTheirOwnRowInTheLibrarysOrder) {
   // Handle of row 1, numbered 2: the row read is 1.
   EXPECT_EQ(quad(rows->getQCRow(Access::qconstrs(*rows)[1])), "2.5*1*0 | -1*2 +0");
   EXPECT_EQ(klo_fake::calls()[0].integer(1), 1);
-  klo_fake::reset();
-  klo_fake::on("KLOgetqconstr").out(2, 1LL).out(3, Ints{9});
+  klo_fake::reset();  // an index one past the last variable is refused
+  klo_fake::on("KLOgetqconstr").out(2, 1LL).out(3, Ints{3});
   EXPECT_EQ(code([&] { rows->getQCRow(Access::qconstrs(*rows)[0]); }), -2003);
 }
 
