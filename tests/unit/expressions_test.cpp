@@ -253,6 +253,7 @@ TEST_F(Expressions, PsdExpressionsMakeNewMatricesAndRemoveEveryTerm) {
   EXPECT_EQ(M.data()[0], 1.0);
   EXPECT_EQ(lin(N.getLinExpr()), "-1*0 +1");
   EXPECT_EQ(lin((y - P).getLinExpr()), "-1*0 1*1 +0");
+  EXPECT_EQ(lin((KLOLinExpr(y) - P).getLinExpr()), "-1*0 1*1 +0");
   KLOPsdExpr D = P;
   D -= P;
   EXPECT_EQ(D.size(), 2);
