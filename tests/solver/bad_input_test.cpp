@@ -150,6 +150,8 @@ const std::vector<BadCall> kCases = {
      [](M m) { return KLOsetconstrcoeff(m, 0, 0, INFINITY); }},
     {"NaN bound", KLO_ERROR_INVALID_ARGUMENT, "",
      [](M m) { return KLOaddvar(m, 0, nullptr, nullptr, 0, NAN, 1, 'C', "bad"); }},
+    {"NaN upper bound of a range row", KLO_ERROR_INVALID_ARGUMENT, "upper bound",
+     [](M m) { return KLOaddrangeconstr(m, 2, kInd2, kVal2, 0, NAN, "bad"); }},
     {"NaN lower bound in the last of 100 rows", KLO_ERROR_INVALID_ARGUMENT, "",
      [](M m) { return hundredRows(m, 1, NAN); }},
     {"NaN in an array of bounds", KLO_ERROR_INVALID_ARGUMENT, "",

@@ -22,13 +22,20 @@ class SolveWarm : public ModelTest {
   }
   // The iterations and objective of solving a copy of the model without
   // any basis, or with the one given.
+  // With addSlackRow, a row that binds nothing is added after the basis is
+  // set: the basis must grow with it (its slack basic) and still serve.
   std::pair<int, double> solveCopy(const std::vector<int>& cols = {},
-                                   const std::vector<int>& rows = {}) {
+                                   const std::vector<int>& rows = {}, bool addSlackRow = false) {
     KLOmodel* copy = KLOcopymodel(model);
     EXPECT_EQ(KLOreset(copy, 1), KLO_OK);
     if (!cols.empty()) {
       EXPECT_EQ(KLOsetintattrarray(copy, "ColBasis", 0, n, cols.data()), KLO_OK);
       EXPECT_EQ(KLOsetintattrarray(copy, "RowBasis", 0, m, rows.data()), KLO_OK);
+    }
+    if (addSlackRow) {
+      const int var = 0;
+      const double one = 1;
+      EXPECT_EQ(KLOaddrangeconstr(copy, 1, &var, &one, -KLO_INFINITY, 1e9, "far"), KLO_OK);
     }
     EXPECT_EQ(KLOoptimize(copy), KLO_OK);
     int status = 0, iters = -1;
@@ -104,6 +111,10 @@ TEST_F(SolveWarm, TheBasisFollowsDeletionsAndUserBasesAndResetForgetsIt) {
   const auto [userIters, userObj] = solveCopy(intArray("ColBasis", n), intArray("RowBasis", m));
   EXPECT_LE(userIters, 5);
   EXPECT_NEAR(userObj, first, 1e-6 * std::fabs(first));
+  const auto [grownIters, grownObj] =
+      solveCopy(intArray("ColBasis", n), intArray("RowBasis", m), true);
+  EXPECT_LE(grownIters, 5) << "the basis grew with the added row";
+  EXPECT_NEAR(grownObj, first, 1e-6 * std::fabs(first));
   optimize();
   EXPECT_LE(intAttr("SPX/NumIters"), 5) << "from the optimal basis";
   ASSERT_EQ(KLOreset(model, 0), KLO_OK);
