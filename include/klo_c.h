@@ -267,6 +267,8 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_CBINFO_PRE_COLDEL 320
 /** int: rows that presolve removed (KLO_CB_PRESOLVE) */
 #define KLO_CBINFO_PRE_ROWDEL 321
+/** double: objective of the current basis, in the model's sense (KLO_CB_SIMPLEX) */
+#define KLO_CBINFO_SPX_OBJVAL 322
 /* The index variant (codes 303, 304 and the *p functions) addresses the
  * same columns as the model. */
 
@@ -884,7 +886,7 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  apply to every pass of a multi-objective solve.
  *
  *  Callbacks (KLOsetcallbackfunc) are called at KLO_CB_SIMPLEX (each
- *  simplex iteration), KLO_CB_BARRIER (each barrier iteration), KLO_CB_MIP
+ *  simplex iteration, with KLO_CBINFO_SPX_OBJVAL), KLO_CB_BARRIER (each barrier iteration), KLO_CB_MIP
  *  (search progress), KLO_CB_MIPSOL (each new incumbent), KLO_CB_MIPNODE
  *  (node relaxations; the root and the nodes Cbc solves inside its own LP
  *  solver are not all seen) and KLO_CB_MESSAGE (each line the engines write

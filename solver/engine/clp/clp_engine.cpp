@@ -100,7 +100,10 @@ class SimplexEvents : public ClpEventHandler {
     if (e != endOfIteration || *stopped_) return *stopped_ ? 0 : -1;
     // The interior-point method runs with the handler detached (model_ null).
     ctx_->where = model_ ? KLO_CB_SIMPLEX : KLO_CB_BARRIER;
-    if (model_) ctx_->iterCount = *doneIters_ + model_->numberIterations();
+    if (model_) {
+      ctx_->iterCount = *doneIters_ + model_->numberIterations();
+      ctx_->simplexObjective = model_->objectiveValue();
+    }
     if ((*cb_)(*ctx_) == KLO_CB_STOP) *stopped_ = true;
     return *stopped_ ? 0 : -1;
   }
