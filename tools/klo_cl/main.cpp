@@ -40,10 +40,10 @@ const char* const kUsage =
     ".png for a picture, .csv for the table (a MIP then runs without preprocessing, as\n"
     "under any callback).\n"
     "\n"
-    "Exit status: 0 solved (a solution, or a status that needs none), 1 the library\n"
-    "refused something (unreadable file, value out of range, unwritable output),\n"
-    "2 unusable command line, 3 stopped without a solution (a limit, numerical\n"
-    "trouble), 4 infeasible or unbounded.\n";
+    "Exit status: 0 solved (a solution was found; the summary's status says whether\n"
+    "it is optimal), 1 the library refused something (unreadable file, value out of\n"
+    "range, unwritable output), 2 unusable command line, 3 stopped without a solution\n"
+    "(a limit, an interruption, numerical trouble), 4 infeasible or unbounded.\n";
 
 int fail(const std::string& what, const std::exception& e) {
   std::cerr << "klo_cl: " << what << ": " << e.what() << "\n";
