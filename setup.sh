@@ -7,7 +7,8 @@ PACKAGES="build-essential cmake pkg-config git ca-certificates
   coinor-libcoinutils-dev coinor-libclp-dev coinor-libcbc-dev coinor-libcgl-dev
   coinor-libosi-dev coinor-libipopt-dev libsdp-dev liblapack-dev libblas-dev
   zlib1g-dev libbz2-dev clang libclang-rt-14-dev
-  coinor-libbonmin-dev coinor-clp coinor-cbc coinor-csdp"
+  coinor-libbonmin-dev coinor-clp coinor-cbc coinor-csdp
+  libcairo2-dev fonts-dejavu-core python3 doxygen"
 
 missing=""
 for p in $PACKAGES; do

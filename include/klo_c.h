@@ -1,5 +1,6 @@
-/*
- * klo_c.h - the flat C interface of the klo solver library.
+/**
+ * @file klo_c.h
+ * The flat C interface of the klo solver library.
  *
  * Every function returns an int status: 0 (KLO_OK) on success, a negative
  * error code on failure.  Positive codes are non-fatal refusals and are
@@ -183,29 +184,29 @@ typedef struct KLOmodel KLOmodel;
  * semi-continuous variable with bounds [lb, ub] is 0 or in [lb, ub]; a
  * semi-integer one is 0 or an integer in [lb, ub].  When [lb, ub] holds 0
  * this is plain [lb, ub]. */
-#define KLO_CONTINUOUS 'C'
-#define KLO_BINARY 'B'
-#define KLO_INTEGER 'I'
-#define KLO_SEMICONT 'S'
-#define KLO_SEMIINT 'N'
+#define KLO_CONTINUOUS 'C' /**< continuous */
+#define KLO_BINARY 'B'     /**< binary: integer in [0, 1] */
+#define KLO_INTEGER 'I'    /**< integer */
+#define KLO_SEMICONT 'S'   /**< semi-continuous: 0 or in [lb, ub] */
+#define KLO_SEMIINT 'N'    /**< semi-integer: 0 or an integer in [lb, ub] */
 
 /* SOS types */
 #define KLO_SOS_TYPE1 1 /**< at most one member non-zero */
 #define KLO_SOS_TYPE2 2 /**< at most two consecutive members non-zero */
 
 /* General constraint types ("GenConstrType") */
-#define KLO_GENCONSTR_INDICATOR 0
+#define KLO_GENCONSTR_INDICATOR 0 /**< binary variable = value implies a linear row */
 
 /* Model sense ("ModelSense") */
-#define KLO_MINIMIZE 1
-#define KLO_MAXIMIZE -1
+#define KLO_MINIMIZE 1  /**< minimise the objective */
+#define KLO_MAXIMIZE -1 /**< maximise the objective */
 
 /* "IISVar"/"IISCol" and "IISConstr"/"IISRow": which bounds of the element
  * belong to the irreducible infeasible subsystem. */
-#define KLO_IIS_NONE 0
-#define KLO_IIS_LOWER 1
-#define KLO_IIS_UPPER 2
-#define KLO_IIS_BOTH 3
+#define KLO_IIS_NONE 0  /**< not in the subsystem */
+#define KLO_IIS_LOWER 1 /**< its lower bound is */
+#define KLO_IIS_UPPER 2 /**< its upper bound is */
+#define KLO_IIS_BOTH 3  /**< both bounds are (or, for an equality row, the row) */
 
 /* ------------------------------------------------------------------------
  * Callbacks
@@ -267,6 +268,8 @@ typedef struct KLOmodel KLOmodel;
 #define KLO_CBINFO_PRE_COLDEL 320
 /** int: rows that presolve removed (KLO_CB_PRESOLVE) */
 #define KLO_CBINFO_PRE_ROWDEL 321
+/** double: objective of the current basis, in the model's sense (KLO_CB_SIMPLEX) */
+#define KLO_CBINFO_SPX_OBJVAL 322
 /* The index variant (codes 303, 304 and the *p functions) addresses the
  * same columns as the model. */
 
@@ -291,9 +294,11 @@ typedef int (*KLOcallbackfn)(const void* model, void* cbdata, int where, const v
  *   "SPX/ColumnGeneration" 0    [0, 1]   simplex column generation
  *   "SPX/CrashStart"       0    [0, 1]   crash starting basis
  *   "SPX/MaxIterations"    2147483647 [0, 2147483647] simplex iteration limit
- *   "SPX/PrimalPricing"   -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3
- * devex "SPX/DualPricing"     -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial, 2 steepest edge, 3
- * devex "IPM/MaxIterations"   500   [0, 2147483647] interior-point iteration limit
+ *   "SPX/PrimalPricing"   -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial,
+ *                                        2 steepest edge, 3 devex
+ *   "SPX/DualPricing"     -1    [-1, 3]  -1 automatic, 0 Dantzig, 1 partial,
+ *                                        2 steepest edge, 3 devex
+ *   "IPM/MaxIterations"   500   [0, 2147483647] interior-point iteration limit
  *   "IPM/NumericFocus"     0    [0, 1]   care taken with numerics in the interior-point method
  *   "MIP/LevelCuts"       -1    [-1, 3]  cut generation: -1 automatic, 0 off .. 3 aggressive
  *   "MIP/LevelHeurs"      -1    [-1, 3]  primal heuristics: -1 automatic, 0 off .. 3 aggressive
@@ -880,13 +885,16 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *      "MIP/AllowDualPresolve": Cbc has no such modes;
  *    "SolutionTarget": LP solutions are always basic;
  *    the "PDHG/..." parameters: no first-order method yet.
- *  "MIP/SolutionNumber" and "ObjNumber" choose what attributes read.  The parameters of the model's own environment
- *  apply to every pass of a multi-objective solve.
+ *  "MIP/SolutionNumber" and "ObjNumber" choose what attributes read.  The
+ *  parameters of the model's own environment apply to every pass of a
+ *  multi-objective solve.
  *
  *  Callbacks (KLOsetcallbackfunc) are called at KLO_CB_SIMPLEX (each
- *  simplex iteration), KLO_CB_BARRIER (each barrier iteration), KLO_CB_MIP
- *  (search progress), KLO_CB_MIPSOL (each new incumbent), KLO_CB_MIPNODE
- *  (node relaxations; the root and the nodes Cbc solves inside its own LP
+ *  simplex iteration, with KLO_CBINFO_SPX_OBJVAL), KLO_CB_BARRIER (each
+ *  barrier iteration, with KLO_CBINFO_BARRIER_PRIMOBJ and, where the
+ *  engine has it, KLO_CBINFO_BARRIER_DUALOBJ), KLO_CB_MIP (search
+ *  progress), KLO_CB_MIPSOL (each new incumbent), KLO_CB_MIPNODE (node
+ *  relaxations; the root and the nodes Cbc solves inside its own LP
  *  solver are not all seen) and KLO_CB_MESSAGE (each line the engines write
  *  to the log, KLO_CBINFO_MSG_STRING; raised whenever "OutputFlag" is 1,
  *  even with "LogToConsole" 0 and no "LogFile"; a stop asked there takes
@@ -897,8 +905,9 @@ int KLOrelaxmodel(KLOmodel* model, KLOmodel** relaxedP);
  *  a thread of the library's own, every 0.05 s while the solve runs, with
  *  only the counts and KLO_CBINFO_RUNTIME to read).  Calls of the function
  *  never overlap, whichever thread makes them.  A stop asked anywhere
- *  (polling included) reaches the engine at its next callback location.  With a callback the MIP runs without
- *  preprocessing, so that the callback sees the model's own columns.
+ *  (polling included) reaches the engine at its next callback location.
+ *  With a callback the MIP runs without preprocessing, so that the
+ *  callback sees the model's own columns.
  *  A C++ exception thrown by the callback function stops the solve as a
  *  stop would (status KLO_STATUS_INTERRUPTED, the best solution kept; the
  *  engines never see the exception); once the results are stored,
@@ -1011,7 +1020,7 @@ int KLOgetvarbyname(KLOmodel* model, const char* name, int* indexP);
  * Rows (linear constraints)
  * ======================================================================== */
 
-/** Adds numconstrs rows sense[k] rhs[k] over the entries cbeg[k] ..
+/** Adds numconstrs rows sense[k] rhs[k] over the entries cbeg[k] to
  *  cbeg[k+1]-1 of cind/cval.  sense, rhs and constrnames may be null
  *  (senses '<', right-hand sides 0, empty names). */
 int KLOaddconstrs(KLOmodel* model, int numconstrs, int numnz, const int* cbeg, const int* cind,

@@ -1,32 +1,33 @@
-// klo_cpp.h - the object layer of the klo optimisation library.
-//
-// An application makes a KLOEnv, builds a KLOModel on it from variables,
-// expressions and constraints, optimises it and reads the results through
-// typed attributes.  Every object here is a thin owner of a solver-library
-// handle (klo_c.h) or a value; the solver library does all numerical work.
-//
-// Errors: every failure is a KLOException carrying the solver library's
-// status code and its explanation text.  The codes raised by this layer
-// itself are:
-//   -100000  the environment's model has been destroyed ("Environment
-//            associated model has been released.")
-//   -2003    a removed (or unknown) variable or PSD variable, or a term
-//            index outside an expression
-//   -2002    a removed (or unknown) constraint of any kind
-//   -2       the library could not copy a model
-//   -3       an invalid argument: a column term index outside the column,
-//            a quadratic comparison given to addConstr ("For quadratic
-//            constraint using KLOModel::addQConstr.") or to
-//            addGenConstrIndicator
-//   -5001    a callback asked for an information code it cannot read that
-//            way
-// Except for the released-environment error and the two quadratic
-// refusals, the texts of these come from the library (KLOexplainerror).
-// An operation on an empty, default-constructed handle raises the handle's
-// removed-element code with a message saying that the handle is empty.
-//
-// Threads: nothing is locked.  One model, and every expression that shares
-// term storage with another, is used from one thread at a time.
+/// @file klo_cpp.h
+/// The object layer of the klo optimisation library.
+///
+/// An application makes a KLOEnv, builds a KLOModel on it from variables,
+/// expressions and constraints, optimises it and reads the results through
+/// typed attributes.  Every object here is a thin owner of a solver-library
+/// handle (klo_c.h) or a value; the solver library does all numerical work.
+///
+/// Errors: every failure is a KLOException carrying the solver library's
+/// status code and its explanation text.  The codes raised by this layer
+/// itself are:
+///   -100000  the environment's model has been destroyed ("Environment
+///            associated model has been released.")
+///   -2003    a removed (or unknown) variable or PSD variable, or a term
+///            index outside an expression
+///   -2002    a removed (or unknown) constraint of any kind
+///   -2       the library could not copy a model
+///   -3       an invalid argument: a column term index outside the column,
+///            a quadratic comparison given to addConstr ("For quadratic
+///            constraint using KLOModel::addQConstr.") or to
+///            addGenConstrIndicator
+///   -5001    a callback asked for an information code it cannot read that
+///            way
+/// Except for the released-environment error and the two quadratic
+/// refusals, the texts of these come from the library (KLOexplainerror).
+/// An operation on an empty, default-constructed handle raises the handle's
+/// removed-element code with a message saying that the handle is empty.
+///
+/// Threads: nothing is locked.  One model, and every expression that shares
+/// term storage with another, is used from one thread at a time.
 #ifndef KLO_CPP_H
 #define KLO_CPP_H
 
@@ -287,10 +288,10 @@ struct KLOSparseStorage {
   KLOSparseStorage(const KLOSparseStorage&) = delete;
   KLOSparseStorage& operator=(const KLOSparseStorage&) = delete;
 
-  std::uint8_t kind;
-  int nnz;
-  int* indices;
-  double* values;
+  std::uint8_t kind;  ///< the Kind: which arrays are borrowed
+  int nnz;            ///< number of entries
+  int* indices;       ///< positions, row * cols + col
+  double* values;     ///< values, parallel to indices
 };
 
 /// A sparse matrix value: dimensions plus shared entry storage.  Copies
@@ -317,7 +318,9 @@ class KLOMatrix {
   int* indices() const;
   /// The stored values, parallel to indices().
   double* data() const;
+  /// Number of rows.
   int rows() const;
+  /// Number of columns.
   int cols() const;
 
   /// A deep copy owning its arrays, entries in their current order.
@@ -417,6 +420,7 @@ class KLOEnv {
   /// Writes text to the library's log (failures are ignored).
   void message(const std::string& text);
 
+  /// @{
   /// Reads and writes parameters by enumerator; the library refuses
   /// values out of range (klo_c.h lists each parameter's range).
   int get(KLO_IntParam param) const;
@@ -425,21 +429,26 @@ class KLOEnv {
   void set(KLO_IntParam param, int value);
   void set(KLO_DoubleParam param, double value);
   void set(KLO_StringParam param, const std::string& value);
+  /// @}
   /// Sets a parameter given by name from text: tried as an integer, then
   /// as a double, then as a string; only the string attempt's failure is
   /// reported.  So "3.7" given to an integer parameter sets 3.
   void set(const std::string& name, const std::string& value);
 
+  /// @{
   /// Current value, minimum, maximum and default of a parameter.
   void getParamInfo(KLO_IntParam param, int* value, int* min, int* max, int* def) const;
   void getParamInfo(KLO_DoubleParam param, double* value, double* min, double* max,
                     double* def) const;
+  /// @}
   /// Current value and default of the string parameter.
   void getParamInfo(KLO_StringParam param, std::string& value, std::string& def) const;
 
   /// Every parameter back to its default (failures are ignored).
   void resetParams();
+  /// Writes the parameters to a parameter file (KLOwriteparams).
   void writeParams(const std::string& file);
+  /// Reads a parameter file into this environment (KLOreadparams).
   void readParams(const std::string& file);
   /// The library's text of this environment's last error.
   std::string getErrorMsg() const;
@@ -467,38 +476,38 @@ class KLOEnv {
 
 /// Identity record of a variable.
 struct KLOVarID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 /// Identity record of a linear constraint.
 struct KLOConstrID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 /// Identity record of a quadratic constraint.
 struct KLOQConstrID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 /// Identity record of a PSD variable.
 struct KLOPsdVarID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 /// Identity record of a PSD constraint.
 struct KLOPsdConstrID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 /// Identity record of a general constraint.
 struct KLOGenConstrID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 /// Identity record of an SOS constraint.
 struct KLOSOSID {
-  void* model;
-  std::int32_t index;
+  void* model;         ///< the library model (KLOmodel) of the element
+  std::int32_t index;  ///< its current index; negative once removed
 };
 
 /// A variable.  Attributes: int, char ("VType"), double, string.
@@ -510,6 +519,9 @@ class KLOVar {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOVar other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   int get(KLO_IntAttr attr) const;
   char get(KLO_CharAttr attr) const;
   double get(KLO_DoubleAttr attr) const;
@@ -518,6 +530,7 @@ class KLOVar {
   void set(KLO_CharAttr attr, char value) const;
   void set(KLO_DoubleAttr attr, double value) const;
   void set(KLO_StringAttr attr, const std::string& value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -534,6 +547,9 @@ class KLOConstr {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOConstr other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   int get(KLO_IntAttr attr) const;
   char get(KLO_CharAttr attr) const;
   double get(KLO_DoubleAttr attr) const;
@@ -542,6 +558,7 @@ class KLOConstr {
   void set(KLO_CharAttr attr, char value) const;
   void set(KLO_DoubleAttr attr, double value) const;
   void set(KLO_StringAttr attr, const std::string& value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -557,10 +574,14 @@ class KLOQConstr {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOQConstr other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   double get(KLO_DoubleAttr attr) const;
   std::string get(KLO_StringAttr attr) const;
   void set(KLO_DoubleAttr attr, double value) const;
   void set(KLO_StringAttr attr, const std::string& value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -577,6 +598,9 @@ class KLOPsdVar {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOPsdVar other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   int get(KLO_IntAttr attr) const;
   std::string get(KLO_StringAttr attr) const;
   /// Reads the matrix in two library calls: its shape, then its entries.
@@ -584,6 +608,7 @@ class KLOPsdVar {
   void set(KLO_IntAttr attr, int value) const;
   void set(KLO_StringAttr attr, const std::string& value) const;
   void set(KLO_MatAttr attr, const KLOMatrix& value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -599,10 +624,14 @@ class KLOPsdConstr {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOPsdConstr other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   double get(KLO_DoubleAttr attr) const;
   std::string get(KLO_StringAttr attr) const;
   void set(KLO_DoubleAttr attr, double value) const;
   void set(KLO_StringAttr attr, const std::string& value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -618,10 +647,14 @@ class KLOGenConstr {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOGenConstr other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   int get(KLO_IntAttr attr) const;
   std::string get(KLO_StringAttr attr) const;
   void set(KLO_IntAttr attr, int value) const;
   void set(KLO_StringAttr attr, const std::string& value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -637,8 +670,12 @@ class KLOSOS {
   int index() const;
   /// True when both handles share one identity record.
   bool sameAs(KLOSOS other) const;
+  /// Reads (get) or writes (set) an attribute of this element; the
+  /// enumerator gives the library name.  An empty or removed handle throws.
+  /// @{
   int get(KLO_IntAttr attr) const;
   void set(KLO_IntAttr attr, int value) const;
+  /// @}
 
  private:
   friend struct klo_detail::Access;
@@ -719,10 +756,15 @@ class KLOLinExpr {
   /// Shares e's terms.
   KLOLinExpr& operator=(const KLOLinExpr& e);
 
+  /// Number of terms.
   int size() const;
+  /// The variable of term i (not checked).
   KLOVar getVar(int i) const;
+  /// The coefficient of term i (not checked).
   double getCoeff(int i) const;
+  /// The constant.
   double getConstant() const;
+  /// Adds c to the constant.
   void addConstant(double c);
   /// constant + sum of coefficient * "X" of the variable, in term order.
   double getValue() const;
@@ -775,6 +817,7 @@ class KLOLinExpr {
 /// Terms are never merged.
 class KLOColumn {
  public:
+  /// Number of terms.
   int size() const;
   /// The constraint of term i (not checked).
   KLOConstr getConstr(int i) const;
@@ -788,6 +831,7 @@ class KLOColumn {
   void remove(int i);
   /// Removes every term of constraint c, keeping the order of the others.
   void remove(KLOConstr c);
+  /// Removes every term.
   void clear();
 
  private:
@@ -856,6 +900,7 @@ class KLOQuadExpr {
   /// The linear part's value plus coeff * "X"(var1) * "X"(var2) of every
   /// quadratic term.
   double getValue() const;
+  /// Adds c to the constant.
   void addConstant(double c);
   /// Appends the linear term coeff * var unless coeff is 0.
   void addTerm(double coeff, KLOVar var);
@@ -936,7 +981,9 @@ class KLOPsdExpr {
 
   /// Number of PSD terms.
   int size() const;
+  /// The PSD variable of term i (not checked).
   KLOPsdVar getPsdVar(int i) const;
+  /// The matrix of term i (not checked; shares its storage).
   KLOMatrix getCoeff(int i) const;
   /// A copy of the linear part (with the constant).
   KLOLinExpr getLinExpr() const;
@@ -956,12 +1003,16 @@ class KLOPsdExpr {
   /// Appends P's PSD terms with negated copies of their matrices, then
   /// subtracts its linear part.
   void operator-=(const KLOPsdExpr& P);
+  /// Adds e, x or c to the linear part, or subtracts it.
+  /// @{
   void operator+=(const KLOLinExpr& e);
   void operator-=(const KLOLinExpr& e);
   void operator+=(const KLOVar& x);
   void operator-=(const KLOVar& x);
   void operator+=(double c);
   void operator-=(double c);
+  /// @}
+  /// @{
   /// A copy of this expression, then the compound operation.
   KLOPsdExpr operator+(const KLOPsdExpr& P) const;
   KLOPsdExpr operator-(const KLOPsdExpr& P) const;
@@ -971,6 +1022,7 @@ class KLOPsdExpr {
   KLOPsdExpr operator-(const KLOVar& x) const;
   KLOPsdExpr operator+(double c) const;
   KLOPsdExpr operator-(double c) const;
+  /// @}
 
   /// Removes PSD term i.
   void remove(int i);
@@ -1002,67 +1054,93 @@ class KLOPsdExpr {
 /// constant).  sense is '<', '=' or '>'.  Models accept it in addConstr,
 /// addQConstr and addGenConstrIndicator.
 struct KLOTempConstr {
-  char sense;
-  KLOQuadExpr expr;
+  char sense;        ///< '<', '=' or '>'
+  KLOQuadExpr expr;  ///< left side minus right side
 };
 
 /// 1.0 * x + 1.0 * y (two terms even when x and y are one variable).
 KLOLinExpr operator+(KLOVar x, KLOVar y);
 /// 1.0 * x - 1.0 * y.
 KLOLinExpr operator-(KLOVar x, KLOVar y);
+/// @{
 /// x + c.
 KLOLinExpr operator+(KLOVar x, double c);
 KLOLinExpr operator+(double c, KLOVar x);
+/// @}
 /// x - c.
 KLOLinExpr operator-(KLOVar x, double c);
 /// c - x.
 KLOLinExpr operator-(double c, KLOVar x);
 /// -1.0 * x.
 KLOLinExpr operator-(KLOVar x);
+/// @{
 /// d * x; empty when d is 0.0.
 KLOLinExpr operator*(double d, KLOVar x);
 KLOLinExpr operator*(KLOVar x, double d);
+/// @}
 /// (1.0 / d) * x.
 KLOLinExpr operator/(KLOVar x, double d);
+/// a + b and a - b: a's terms, then b's (negated for -), and the
+/// constants combined; +a is a copy of a.
+/// @{
 KLOLinExpr operator+(const KLOLinExpr& a, const KLOLinExpr& b);
 KLOLinExpr operator-(const KLOLinExpr& a, const KLOLinExpr& b);
 KLOLinExpr operator+(const KLOLinExpr& a);
+/// @}
 /// Constant and coefficients negated.
 KLOLinExpr operator-(const KLOLinExpr& a);
+/// @{
 /// Constant and coefficients times d; empty when d is 0.0.
 KLOLinExpr operator*(const KLOLinExpr& a, double d);
 KLOLinExpr operator*(double d, const KLOLinExpr& a);
+/// @}
+/// Constant and coefficients divided by d.
 KLOLinExpr operator/(const KLOLinExpr& a, double d);
 /// The quadratic term 1.0 * x * y.
 KLOQuadExpr operator*(KLOVar x, KLOVar y);
+/// @{
 /// c * x * v for every term c * v of e, then e's constant k as k * x (x is
 /// always the first variable).
 KLOQuadExpr operator*(KLOVar x, const KLOLinExpr& e);
 KLOQuadExpr operator*(const KLOLinExpr& e, KLOVar x);
+/// @}
 /// Every term of a times every term of b (zero products kept), then the
 /// linear cross terms with the constants (zero products dropped), then
 /// the product of the constants.
 KLOQuadExpr operator*(const KLOLinExpr& a, const KLOLinExpr& b);
+/// p + q and p - q: p's terms, then q's (negated for -), and the
+/// constants combined; +p is a copy of p.
+/// @{
 KLOQuadExpr operator+(const KLOQuadExpr& p, const KLOQuadExpr& q);
 KLOQuadExpr operator-(const KLOQuadExpr& p, const KLOQuadExpr& q);
 KLOQuadExpr operator+(const KLOQuadExpr& p);
+/// @}
 /// Constant, linear and quadratic coefficients negated.
 KLOQuadExpr operator-(const KLOQuadExpr& p);
+/// @{
 /// Every coefficient and the constant times d; empty when d is 0.0.
 KLOQuadExpr operator*(const KLOQuadExpr& p, double d);
 KLOQuadExpr operator*(double d, const KLOQuadExpr& p);
+/// @}
+/// Every coefficient and the constant divided by d.
 KLOQuadExpr operator/(const KLOQuadExpr& p, double d);
+/// @{
 /// The PSD term <M, X>.
 KLOPsdExpr operator*(const KLOMatrix& M, KLOPsdVar X);
 KLOPsdExpr operator*(KLOPsdVar X, const KLOMatrix& M);
+/// @}
 /// Linear part and every matrix negated (new matrices).
 KLOPsdExpr operator-(const KLOPsdExpr& P);
+/// e + P, x + P and c + P: P with e, x or c added to its linear part;
+/// with -, P negated (new matrices) and then the same.
+/// @{
 KLOPsdExpr operator+(const KLOLinExpr& e, const KLOPsdExpr& P);
 KLOPsdExpr operator-(const KLOLinExpr& e, const KLOPsdExpr& P);
 KLOPsdExpr operator+(KLOVar x, const KLOPsdExpr& P);
 KLOPsdExpr operator-(KLOVar x, const KLOPsdExpr& P);
 KLOPsdExpr operator+(double c, const KLOPsdExpr& P);
 KLOPsdExpr operator-(double c, const KLOPsdExpr& P);
+/// @}
 /// a - b <= 0.
 KLOTempConstr operator<=(const KLOQuadExpr& a, const KLOQuadExpr& b);
 /// a - b == 0.
@@ -1085,8 +1163,11 @@ KLOTempConstr operator>=(const KLOQuadExpr& a, const KLOQuadExpr& b);
 /// Appends " + |coeff| * name1 * name2" (sign as coeff's; factors left out
 /// as described above) to ss; nothing when coeff is 0.
 void outputTerm(std::stringstream& ss, double coeff, std::string name1, std::string name2);
+/// Prints the expression as described above.
+/// @{
 std::ostream& operator<<(std::ostream& os, KLOLinExpr e);
 std::ostream& operator<<(std::ostream& os, KLOQuadExpr q);
+/// @}
 
 // ===========================================================================
 // Model
@@ -1097,12 +1178,16 @@ std::ostream& operator<<(std::ostream& os, KLOQuadExpr q);
 /// the array getters are made with new[] and belong to the caller.
 class KLOModel {
  public:
+  /// @{
   /// An empty model on env.
   explicit KLOModel(const KLOEnv* env);
   explicit KLOModel(const KLOEnv& env);
+  /// @}
+  /// @{
   /// A model read from a model file.
   KLOModel(const KLOEnv* env, const std::string& file);
   KLOModel(const KLOEnv& env, const std::string& file);
+  /// @}
   /// An independent copy (new handles, not sameAs other's); throws -2
   /// when the library cannot copy.
   KLOModel(const KLOModel& other);
@@ -1116,11 +1201,14 @@ class KLOModel {
   /// read(), which does not do it itself.
   void sync();
 
+  /// Solves the model (KLOoptimize); results are read as attributes.
   void optimize();
   /// Irreducible infeasible subsystem ("IISVar", "IISConstr").
   void computeIIS();
   /// Reads a file into this model (model, parameters, start, basis).
   void read(const std::string& file);
+  /// Writes the model, or a result, to a file chosen by its extension
+  /// (KLOwrite).
   void write(const std::string& file);
   /// Discards results (level 1 also start values and user bases).
   void reset(int level);
@@ -1145,16 +1233,22 @@ class KLOModel {
   void discardMultiobjEnvs();
 
   // --- attributes of the whole model (klo_c.h tells which are settable) --
+  /// Reads (get) or writes (set) an attribute of the model.
+  /// @{
   int get(KLO_IntAttr attr) const;
   double get(KLO_DoubleAttr attr) const;
   std::string get(KLO_StringAttr attr) const;
   void set(KLO_IntAttr attr, int value);
   void set(KLO_DoubleAttr attr, double value);
   void set(KLO_StringAttr attr, const std::string& value);
+  /// @}
 
   // --- element attributes over arrays of handles -----------------------
   // get: a new[] array of count values, element i from handle i.
   // set: handle i gets value i; a failure stops there.
+  /// Reads (get) or writes (set) one attribute of several elements, as
+  /// described above.
+  /// @{
   int* get(KLO_IntAttr attr, const KLOVar* vars, int count) const;
   char* get(KLO_CharAttr attr, const KLOVar* vars, int count) const;
   double* get(KLO_DoubleAttr attr, const KLOVar* vars, int count) const;
@@ -1193,15 +1287,20 @@ class KLOModel {
   std::string* get(KLO_StringAttr attr, const KLOPsdConstr* constrs, int count) const;
   void set(KLO_DoubleAttr attr, const KLOPsdConstr* constrs, const double* values, int count);
   void set(KLO_StringAttr attr, const KLOPsdConstr* constrs, const std::string* values, int count);
+  /// @}
 
   // --- parameters of the model's own environment (fetched afresh for each
   // call; the environment given to the constructor is not affected) -------
+  /// Reads (get) or writes (set) a parameter of the model's own
+  /// environment.
+  /// @{
   int get(KLO_IntParam param) const;
   double get(KLO_DoubleParam param) const;
   std::string get(KLO_StringParam param) const;
   void set(KLO_IntParam param, int value);
   void set(KLO_DoubleParam param, double value);
   void set(KLO_StringParam param, const std::string& value);
+  /// @}
   /// Sets a parameter by name from text: as an integer, then as a double,
   /// then as a string.  Unlike KLOEnv::set, the double attempt reads on
   /// after the integer attempt's characters from the text written twice,
@@ -1252,6 +1351,7 @@ class KLOModel {
   // variable are merged (zero sums kept) and a removed variable raises
   // -2003 before the library is called.  A failed add adds nothing.
 
+  /// @{
   /// lhs sense rhs.
   KLOConstr addConstr(const KLOLinExpr& lhs, char sense, const KLOLinExpr& rhs,
                       const std::string& name = "");
@@ -1259,6 +1359,7 @@ class KLOModel {
   KLOConstr addConstr(const KLOLinExpr& lhs, char sense, KLOVar rhs, const std::string& name = "");
   KLOConstr addConstr(KLOVar lhs, char sense, KLOVar rhs, const std::string& name = "");
   KLOConstr addConstr(KLOVar lhs, char sense, double rhs, const std::string& name = "");
+  /// @}
   /// A comparison made with <=, == or >=.  One with quadratic terms is
   /// refused with -3 ("For quadratic constraint using
   /// KLOModel::addQConstr."): addQConstr takes those.
@@ -1377,6 +1478,7 @@ class KLOModel {
   // terms (repeated variables add up) and "ObjCon".  A failure part-way
   // leaves the objective partly replaced.
 
+  /// Replaces the objective by expr, as described above.
   void setObjective(const KLOLinExpr& expr, int sense = 0);
   /// The objective 1.0 * x (without this, a lone variable would convert
   /// to a linear and a quadratic expression alike).

@@ -88,6 +88,11 @@ int callbackGet(const CallbackContext& c, int where, int what, void* result) {
       return KLO_ERROR_CALLBACK_WHERE;
     return putDouble(result, v);
   }
+  if (what == KLO_CBINFO_SPX_OBJVAL) {
+    if (where != c.where || c.where != KLO_CB_SIMPLEX || std::isnan(c.simplexObjective))
+      return KLO_ERROR_CALLBACK_WHERE;
+    return putDouble(result, c.simplexObjective);
+  }
   if (what == KLO_CBINFO_PRE_COLDEL || what == KLO_CBINFO_PRE_ROWDEL) {
     if (where != c.where || c.where != KLO_CB_PRESOLVE) return KLO_ERROR_CALLBACK_WHERE;
     return putInt(result,

@@ -44,6 +44,8 @@ struct CallbackContext {
   // KLO_CB_BARRIER: the iterate's objectives (NaN where not known).
   double barrierPrimal = std::nan("");
   double barrierDual = std::nan("");
+  // KLO_CB_SIMPLEX: the current basis's objective.
+  double simplexObjective = std::nan("");
   // KLO_CB_PRESOLVE: what presolve removed.
   int presolveColsRemoved = 0;
   int presolveRowsRemoved = 0;

@@ -1,7 +1,9 @@
 # Installs the built project into a scratch prefix, then builds and runs a
 # small outside program against it twice: through find_package(klo) and
-# through pkg-config.  Run by CTest with -P.
+# through pkg-config; last, moves the prefix and runs the installed klo_cl
+# there with an empty environment.  Run by CTest with -P.
 set(prefix ${WORK_DIR}/prefix)
+load_cache(${BINARY_DIR} READ_WITH_PREFIX "" CMAKE_INSTALL_BINDIR)
 file(REMOVE_RECURSE ${WORK_DIR})
 
 function(run)
@@ -41,4 +43,12 @@ run(${WORK_DIR}/outside-pc)
 if(NOT last_output MATCHES "outside: ok")
   message(FATAL_ERROR "unexpected output of the pkg-config-built program:\n${last_output}")
 endif()
-message(STATUS "installed package works through CMake and pkg-config")
+
+# klo_cl finds libklo through its relative run path, and libklo the MIP
+# engine's module beside itself, wherever the tree is.
+file(RENAME ${prefix} ${WORK_DIR}/moved)
+run(env -i ${WORK_DIR}/moved/${CMAKE_INSTALL_BINDIR}/klo_cl OutputFlag=0 ${SOURCE_DIR}/data/p0548.mps.gz)
+if(NOT last_output MATCHES "Status +optimal.*Objective +8691[^0-9]")
+  message(FATAL_ERROR "unexpected output of the installed klo_cl:\n${last_output}")
+endif()
+message(STATUS "installed package works through CMake and pkg-config, and klo_cl runs")

@@ -14,9 +14,12 @@ inline const std::string kParamFile = "ParamFile";
 
 struct Options {
   bool help = false;
+  std::string helpParameter;  // --help NAME: that parameter alone
+  bool version = false;
   // Name=value, and (kParamFile, path) for a parameter file, in order.
   std::vector<std::pair<std::string, std::string>> parameters;
   std::vector<std::string> resultFiles;  // ResultFile=...
+  std::string plotFile;                  // PlotFile=...
   std::string modelFile;
 };
 
@@ -25,7 +28,8 @@ struct UsageError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Reads `klo_cl [--help] [Name=value | file.prm ...] model-file`.
+// Reads `klo_cl [Name=value | file.prm ...] model-file`, `klo_cl --help [NAME]`
+// and `klo_cl --version`.
 Options parseCommandLine(const std::vector<std::string>& args);
 
 }  // namespace klo_cl

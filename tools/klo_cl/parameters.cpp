@@ -11,6 +11,7 @@
 
 #include "library.h"
 #include "options.h"
+#include "parameter_meanings.h"
 
 namespace klo_cl {
 
@@ -43,7 +44,41 @@ double parseReal(const std::string& name, const std::string& text) {
   return v;
 }
 
+std::string real(double v) {
+  char text[40];
+  std::snprintf(text, sizeof text, "%g", v);
+  return text;
+}
+
+std::string rangeText(const std::string& min, const std::string& max) {
+  return "[" + min + ", " + max + "]";
+}
+
+void describe(std::ostream& out, const char* name, const char* type, const std::string& range,
+              const std::string& def) {
+  out << name << "\n  type     " << type << "\n";
+  if (!range.empty()) out << "  range    " << range << "\n";
+  out << "  default  " << def << "\n  meaning  " << parameterMeaning(name) << "\n";
+}
+
 }  // namespace
+
+void describeParameter(KLOenv* env, const std::string& name, std::ostream& out) {
+  if (int i = find(INT_PARNAMES, kIntParams, name); i >= 0) {
+    int value, min, max, def;
+    check(env, KLOgetintparaminfo(env, INT_PARNAMES[i], &value, &min, &max, &def));
+    describe(out, INT_PARNAMES[i], "int", rangeText(std::to_string(min), std::to_string(max)),
+             std::to_string(def));
+  } else if (int d = find(DBL_PARNAMES, kDoubleParams, name); d >= 0) {
+    double value, min, max, def;
+    check(env, KLOgetdblparaminfo(env, DBL_PARNAMES[d], &value, &min, &max, &def));
+    describe(out, DBL_PARNAMES[d], "double", rangeText(real(min), real(max)), real(def));
+  } else if (strcasecmp(name.c_str(), "LogFile") == 0) {
+    describe(out, "LogFile", "string", "", "\"\"");
+  } else {
+    throw UsageError("unknown parameter " + name + " (see klo_cl --help)");
+  }
+}
 
 void setParameter(KLOenv* env, const std::string& name, const std::string& value) {
   if (int i = find(INT_PARNAMES, kIntParams, name); i >= 0) {

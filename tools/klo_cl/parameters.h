@@ -14,6 +14,10 @@ namespace klo_cl {
 // LibraryError when the library refuses the value.
 void setParameter(KLOenv* env, const std::string& name, const std::string& value);
 
+// Writes the type, range, default and meaning of parameter `name`; throws
+// UsageError for an unknown name.
+void describeParameter(KLOenv* env, const std::string& name, std::ostream& out);
+
 // Writes every parameter with its type, default and range.
 void listParameters(KLOenv* env, std::ostream& out);
 

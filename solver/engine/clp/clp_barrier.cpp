@@ -18,7 +18,10 @@ BarrierRun runInteriorPoint(ClpSimplex& model, const Settings& s, double timeLef
   // The borrowed event handler belongs to the simplex model; Clp asserts
   // unless it is detached while the interior-point method runs.
   ipm.eventHandler()->setSimplex(nullptr);
+  auto* watcher = dynamic_cast<InteriorWatcher*>(ipm.eventHandler());
+  if (watcher) watcher->watch(&ipm);
   ipm.primalDual();
+  if (watcher) watcher->watch(nullptr);
   BarrierRun run{ipm.status(), ipm.numberIterations()};
   ipm.returnModel(model);
   model.eventHandler()->setSimplex(&model);

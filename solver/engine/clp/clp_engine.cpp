@@ -49,7 +49,14 @@
 //    means infeasibilities on the unscaled model, and ClpSolve solves the
 //    presolved model at tolerances 1e-6 when both are exactly 1e-7.  The
 //    solve pipeline's answer check decides.
+//  - For the callbacks' objectives: during the simplex objectiveValue() is
+//    the current basis's, in the user's sense, with presolve's offset but
+//    not our constant; ClpInterior's primalObjective() and dualObjective()
+//    are minimised (times optimizationDirection) and lack presolve's offset.
+//    The event handler gets no ClpInterior (its simplex model is detached),
+//    so runInteriorPoint hands it over (InteriorWatcher).
 #include <ClpEventHandler.hpp>
+#include <ClpInterior.hpp>
 #include <ClpPresolve.hpp>
 #include <ClpSimplex.hpp>
 #include <ClpSolve.hpp>
@@ -82,11 +89,12 @@ double secondsSince(Clock::time_point t) {
 
 // Calls the user's callback at every simplex or barrier iteration, and
 // once ClpSolve's presolve is done (on the presolved model).
-class SimplexEvents : public ClpEventHandler {
+class SimplexEvents : public ClpEventHandler, public InteriorWatcher {
  public:
   SimplexEvents(const Callback& cb, CallbackContext& ctx, const long long& doneIters, bool& stopped,
-                bool& presolveRaised)
-      : cb_(&cb),
+                bool& presolveRaised, double constant)
+      : constant_(constant),
+        cb_(&cb),
         ctx_(&ctx),
         doneIters_(&doneIters),
         stopped_(&stopped),
@@ -100,18 +108,30 @@ class SimplexEvents : public ClpEventHandler {
     if (e != endOfIteration || *stopped_) return *stopped_ ? 0 : -1;
     // The interior-point method runs with the handler detached (model_ null).
     ctx_->where = model_ ? KLO_CB_SIMPLEX : KLO_CB_BARRIER;
-    if (model_) ctx_->iterCount = *doneIters_ + model_->numberIterations();
+    if (model_) {
+      ctx_->iterCount = *doneIters_ + model_->numberIterations();
+      ctx_->simplexObjective = model_->objectiveValue() + constant_;
+    } else if (ipm_) {
+      // ClpInterior keeps its objectives minimised and without presolve's
+      // offset, which objectiveValue() takes into account.
+      const double sense = ipm_->optimizationDirection(), offset = ipm_->objectiveOffset();
+      ctx_->barrierPrimal = sense * ipm_->primalObjective() - offset + constant_;
+      ctx_->barrierDual = sense * ipm_->dualObjective() - offset + constant_;
+    }
     if ((*cb_)(*ctx_) == KLO_CB_STOP) *stopped_ = true;
     return *stopped_ ? 0 : -1;
   }
   ClpEventHandler* clone() const override { return new SimplexEvents(*this); }
+  void watch(const ClpInterior* ipm) override { ipm_ = ipm; }
 
  private:
+  double constant_;  // the objective's, which Clp does not hold
   const Callback* cb_;
   CallbackContext* ctx_;
   const long long* doneIters_;
   bool* stopped_;
   bool* presolveRaised_;
+  const ClpInterior* ipm_ = nullptr;
 };
 
 struct Outcome {
@@ -183,7 +203,8 @@ class ClpRun {
     ctx_.numRows = p_.numRows();
     ctx_.started = started_;
     if (cb_) {
-      SimplexEvents events(cb_, ctx_, r_.simplexIterations, stopped_, presolveRaised_);
+      SimplexEvents events(cb_, ctx_, r_.simplexIterations, stopped_, presolveRaised_,
+                           p_.objConstant);
       m_.passInEventHandler(&events);  // Clp keeps a clone
     }
   }
