@@ -18,6 +18,9 @@ set(flags "")
 if(SANITIZE)
   set(flags "-fsanitize=address,undefined")
 endif()
+if(COVERAGE)  # the installed static klo_cpp carries gcov's counters
+  string(APPEND flags " --coverage")
+endif()
 
 run(${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${prefix})
 
