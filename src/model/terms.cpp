@@ -1,7 +1,11 @@
 #include "model/terms.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "env/check.h"
 #include "klo_c.h"
+#include "model/access.h"
 #include "model/upper_triangle.h"
 
 namespace klo_detail {
@@ -28,34 +32,96 @@ template int liveIndex(const KLOPsdVar&, int);
 template int liveIndex(const KLOSOS&, int);
 template int liveIndex(const KLOGenConstr&, int);
 
-LinearTerms::LinearTerms(const KLOLinExpr& e) {
-  std::vector<double> coeffs;
-  std::vector<KLOVar> vars;
-  coeffs.reserve(static_cast<std::size_t>(e.size()));
-  vars.reserve(static_cast<std::size_t>(e.size()));
-  for (int i = 0; i < e.size(); ++i) {
-    coeffs.push_back(e.getCoeff(i));
-    vars.push_back(e.getVar(i));
-  }
-  combineLikeTerms(coeffs, vars);
-  for (const KLOVar& v : vars) ind.push_back(liveIndex(v, KLO_ERROR_INVALID_VAR));
-  val = std::move(coeffs);
+namespace {
+
+// Positions 0 .. keys.size()-1 ordered by key, equal keys in position
+// order: the groups of like terms, in the order the library gets them.
+template <class Key>
+std::vector<std::size_t> byKey(const std::vector<Key>& keys) {
+  std::vector<std::size_t> order(keys.size());
+  for (std::size_t k = 0; k < order.size(); ++k) order[k] = k;
+  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return keys[a] < keys[b] || (keys[a] == keys[b] && a < b);
+  });
+  return order;
 }
 
+// The end of the group of equal keys that starts at order[first].
+template <class Key>
+std::size_t groupEnd(const std::vector<Key>& keys, const std::vector<std::size_t>& order,
+                     std::size_t first) {
+  std::size_t last = first + 1;
+  while (last < order.size() && keys[order[last]] == keys[order[first]]) ++last;
+  return last;
+}
+
+bool strictlyAscending(const std::vector<int>& v) {
+  for (std::size_t k = 1; k < v.size(); ++k)
+    if (v[k - 1] >= v[k]) return false;
+  return true;
+}
+
+// Like terms summed from the last occurrence back to the first, as
+// combineLikeTerms sums them.
+void mergeLinear(std::vector<int>& ind, std::vector<double>& val) {
+  const std::vector<std::size_t> order = byKey(ind);
+  std::vector<int> mergedInd;
+  std::vector<double> mergedVal;
+  mergedInd.reserve(ind.size());
+  mergedVal.reserve(ind.size());
+  for (std::size_t first = 0; first < order.size();) {
+    const std::size_t end = groupEnd(ind, order, first);
+    double sum = val[order[end - 1]];
+    for (std::size_t k = end - 1; k-- > first;) sum = sum + val[order[k]];
+    mergedInd.push_back(ind[order[first]]);
+    mergedVal.push_back(sum);
+    first = end;
+  }
+  ind = std::move(mergedInd);
+  val = std::move(mergedVal);
+}
+
+}  // namespace
+
+LinearTerms::LinearTerms(const KLOLinExpr& e) {
+  const std::size_t n = static_cast<std::size_t>(e.size());
+  const double* coeffs = Access::data(Access::coeffs(e));
+  const KLOVar* vars = Access::data(Access::vars(e));
+  ind.resize(n);
+  val.assign(coeffs, coeffs + n);
+  for (std::size_t k = 0; k < n; ++k) ind[k] = vars[k].index();
+  if (!strictlyAscending(ind)) mergeLinear(ind, val);
+  for (int j : ind)
+    if (j < 0) raise(KLO_ERROR_INVALID_VAR);
+}
+
+// Keyed by the pair as given, as combineLikeQTerms keys it: x*y and y*x
+// stay apart, coefficients summed first to last, the larger index first.
 QuadTerms::QuadTerms(const KLOQuadExpr& q) {
-  std::vector<double> coeffs;
-  std::vector<KLOVar> vars1, vars2;
-  for (int i = 0; i < q.size(); ++i) {
-    coeffs.push_back(q.getCoeff(i));
-    vars1.push_back(q.getVar1(i));
-    vars2.push_back(q.getVar2(i));
+  const std::size_t n = static_cast<std::size_t>(q.size());
+  const double* coeffs = Access::data(Access::coeffs(q));
+  const KLOVar* vars1 = Access::data(Access::vars1(q));
+  const KLOVar* vars2 = Access::data(Access::vars2(q));
+  std::vector<std::int64_t> keys(n);
+  for (std::size_t k = 0; k < n; ++k) {
+    const int a = vars1[k].index();
+    const int b = vars2[k].index();
+    keys[k] = static_cast<std::int64_t>(static_cast<std::uint64_t>(a) << 32) +
+              static_cast<std::int64_t>(b);
   }
-  combineLikeQTerms(coeffs, vars1, vars2);
-  for (std::size_t k = 0; k < coeffs.size(); ++k) {
-    row.push_back(liveIndex(vars1[k], KLO_ERROR_INVALID_VAR));
-    col.push_back(liveIndex(vars2[k], KLO_ERROR_INVALID_VAR));
+  const std::vector<std::size_t> order = byKey(keys);
+  for (std::size_t first = 0; first < n;) {
+    const std::size_t end = groupEnd(keys, order, first);
+    double sum = coeffs[order[first]];
+    for (std::size_t k = first + 1; k < end; ++k) sum += coeffs[order[k]];
+    const int a = vars1[order[first]].index(), b = vars2[order[first]].index();
+    row.push_back(std::max(a, b));
+    col.push_back(std::min(a, b));
+    val.push_back(sum);
+    first = end;
   }
-  val = std::move(coeffs);
+  for (std::size_t k = 0; k < row.size(); ++k)
+    if (row[k] < 0 || col[k] < 0) raise(KLO_ERROR_INVALID_VAR);
 }
 
 namespace {
