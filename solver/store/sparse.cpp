@@ -100,18 +100,21 @@ SymEntries foldToUpper(const SymEntries& full, int dim) {
 SparseVec makeSparse(int n, const int* ind, const double* val, int count, Kind kind) {
   checkCount(n, "Number of entries");
   requireArrays(n, {ind, val});
-  std::vector<std::pair<int, double>> e(n);
+  bool normal = true;  // sorted, unique, no zero: taken as given
   for (int k = 0; k < n; ++k) {
     checkVarIndex(ind[k], count, kind);
     checkCoef(val[k], "Coefficient");
-    e[k] = {ind[k], val[k]};
+    normal = normal && val[k] != 0.0 && (k == 0 || ind[k - 1] < ind[k]);
   }
-  bool sorted = true;
-  for (int k = 1; k < n && sorted; ++k) sorted = ind[k - 1] < ind[k];
-  bool zero = false;
-  for (int k = 0; k < n && !zero; ++k) zero = val[k] == 0.0;
-  if (!sorted || zero) normalise(e);
   SparseVec v;
+  if (normal) {
+    v.ind.assign(ind, ind + n);
+    v.val.assign(val, val + n);
+    return v;
+  }
+  std::vector<std::pair<int, double>> e(n);
+  for (int k = 0; k < n; ++k) e[k] = {ind[k], val[k]};
+  normalise(e);
   v.ind.reserve(e.size());
   v.val.reserve(e.size());
   for (const auto& [j, a] : e) {
