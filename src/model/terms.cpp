@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <tuple>
+#include <utility>
 
 #include "env/check.h"
 #include "klo_c.h"
@@ -61,24 +63,41 @@ bool strictlyAscending(const std::vector<int>& v) {
   return true;
 }
 
+// Terms ordered by index, like terms in their given order: in place for
+// the short rows models are mostly made of.
+void sortByIndex(std::vector<int>& ind, std::vector<double>& val) {
+  constexpr std::size_t kShort = 32;
+  if (ind.size() <= kShort) {
+    for (std::size_t k = 1; k < ind.size(); ++k)
+      for (std::size_t j = k; j > 0 && ind[j - 1] > ind[j]; --j) {
+        std::swap(ind[j - 1], ind[j]);
+        std::swap(val[j - 1], val[j]);
+      }
+    return;
+  }
+  std::vector<std::pair<int, double>> terms(ind.size());
+  for (std::size_t k = 0; k < ind.size(); ++k) terms[k] = {ind[k], val[k]};
+  std::stable_sort(terms.begin(), terms.end(),
+                   [](const auto& a, const auto& b) { return a.first < b.first; });
+  for (std::size_t k = 0; k < ind.size(); ++k) std::tie(ind[k], val[k]) = terms[k];
+}
+
 // Like terms summed from the last occurrence back to the first, as
 // combineLikeTerms sums them.
 void mergeLinear(std::vector<int>& ind, std::vector<double>& val) {
-  const std::vector<std::size_t> order = byKey(ind);
-  std::vector<int> mergedInd;
-  std::vector<double> mergedVal;
-  mergedInd.reserve(ind.size());
-  mergedVal.reserve(ind.size());
-  for (std::size_t first = 0; first < order.size();) {
-    const std::size_t end = groupEnd(ind, order, first);
-    double sum = val[order[end - 1]];
-    for (std::size_t k = end - 1; k-- > first;) sum = sum + val[order[k]];
-    mergedInd.push_back(ind[order[first]]);
-    mergedVal.push_back(sum);
+  sortByIndex(ind, val);
+  std::size_t out = 0;
+  for (std::size_t first = 0; first < ind.size();) {
+    std::size_t end = first + 1;
+    while (end < ind.size() && ind[end] == ind[first]) ++end;
+    double sum = val[end - 1];
+    for (std::size_t k = end - 1; k-- > first;) sum = sum + val[k];
+    ind[out] = ind[first];
+    val[out++] = sum;
     first = end;
   }
-  ind = std::move(mergedInd);
-  val = std::move(mergedVal);
+  ind.resize(out);
+  val.resize(out);
 }
 
 }  // namespace
