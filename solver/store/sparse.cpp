@@ -169,6 +169,38 @@ SymMatrix addSym(const SymMatrix& a, const SymMatrix& b) {
   return symFrom(std::move(e));
 }
 
+size_t quadPosition(const QuadTerms& q, int i, int j) {
+  size_t lo = 0, hi = q.row.size();
+  // The common case first: a term past the last one.
+  if (hi == 0 || std::make_pair(q.row[hi - 1], q.col[hi - 1]) < std::make_pair(i, j)) return hi;
+  while (lo < hi) {
+    const size_t mid = lo + (hi - lo) / 2;
+    if (std::make_pair(q.row[mid], q.col[mid]) < std::make_pair(i, j)) {
+      lo = mid + 1;
+    } else {
+      hi = mid;
+    }
+  }
+  return lo;
+}
+
+void setQuadAt(QuadTerms& q, size_t at, int i, int j, double value) {
+  if (at < q.row.size() && q.row[at] == i && q.col[at] == j) {
+    const double sum = 0.0 + q.val[at] + value;
+    if (sum != 0.0) {
+      q.val[at] = sum;
+      return;
+    }
+    q.row.erase(q.row.begin() + at);
+    q.col.erase(q.col.begin() + at);
+    q.val.erase(q.val.begin() + at);
+    return;
+  }
+  q.row.insert(q.row.begin() + at, i);
+  q.col.insert(q.col.begin() + at, j);
+  q.val.insert(q.val.begin() + at, value);
+}
+
 double coefAt(const SparseVec& v, int j) {
   auto it = std::lower_bound(v.ind.begin(), v.ind.end(), j);
   return it != v.ind.end() && *it == j ? v.val[it - v.ind.begin()] : 0.0;

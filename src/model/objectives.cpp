@@ -5,7 +5,6 @@
 #include "env/check.h"
 #include "klo_c.h"
 #include "klo_cpp.h"
-#include "model/records.h"
 #include "model/terms.h"
 
 using klo_detail::check;
@@ -14,29 +13,20 @@ namespace {
 
 KLOmodel* lib(void* model) { return static_cast<KLOmodel*>(model); }
 
-// Sets every variable's "Obj" at once: its coefficients in e added up in
-// term order (0 for a variable not in e), so repeated variables add up
-// without a merge.  A variable of another model gets its term there, as
-// its own handle would set it.
-void setLinearPart(void* model, const KLOLinExpr& e, int numVars) {
-  std::vector<double> obj(static_cast<std::size_t>(numVars), 0.0);
+// Adds each term's coefficient to its variable's "Obj", so repeated
+// variables add up without a merge.
+void addLinearPart(const KLOLinExpr& e) {
   for (int i = 0; i < e.size(); ++i) {
     const KLOVar v = e.getVar(i);
-    const KLOVarID& id = klo_detail::record(v);
-    if (id.model != model || id.index >= numVars) {
-      v.set(KLO_DoubleAttr_Obj, v.get(KLO_DoubleAttr_Obj) + e.getCoeff(i));
-      continue;
-    }
-    obj[static_cast<std::size_t>(klo_detail::liveIndex(v, KLO_ERROR_INVALID_VAR))] += e.getCoeff(i);
+    v.set(KLO_DoubleAttr_Obj, v.get(KLO_DoubleAttr_Obj) + e.getCoeff(i));
   }
-  if (numVars > 0) check(KLOsetdblattrarray(lib(model), "Obj", 0, numVars, obj.data()));
 }
 
 }  // namespace
 
 void KLOModel::clearObjective(int sense) {
   check(KLOdelq(lib(model_)));
-  setLinearPart(model_, KLOLinExpr(), static_cast<int>(vars_.size()));
+  for (const KLOVar& v : vars_) v.set(KLO_DoubleAttr_Obj, 0.0);
   for (const KLOPsdVar& X : psdvars_) {
     const int dim = X.get(KLO_IntAttr_Dim);
     X.set(KLO_MatAttr_PsdObj, KLOMatrix::zero(dim, dim));
@@ -46,28 +36,22 @@ void KLOModel::clearObjective(int sense) {
 
 void KLOModel::setObjective(const KLOLinExpr& expr, int sense) {
   clearObjective(sense);
-  setLinearPart(model_, expr, static_cast<int>(vars_.size()));
+  addLinearPart(expr);
   set(KLO_DoubleAttr_ObjCon, expr.getConstant());
 }
 
 void KLOModel::setObjective(KLOVar x, int sense) { setObjective(KLOLinExpr(x, 1.0), sense); }
 
-// The quadratic terms go to the library in one call, after all of them
-// have been checked.
 void KLOModel::setObjective(const KLOQuadExpr& expr, int sense) {
-  std::vector<int> rows, cols;
-  std::vector<double> values;
-  for (int i = 0; i < expr.size(); ++i) {
-    rows.push_back(klo_detail::liveIndex(expr.getVar1(i), KLO_ERROR_INVALID_VAR));
-    cols.push_back(klo_detail::liveIndex(expr.getVar2(i), KLO_ERROR_INVALID_VAR));
-    values.push_back(expr.getCoeff(i));
-  }
   clearObjective(sense);
-  if (!values.empty())
-    check(KLOaddqpterms(lib(model_), static_cast<int>(values.size()), rows.data(), cols.data(),
-                        values.data()));
+  for (int i = 0; i < expr.size(); ++i) {
+    const int row = klo_detail::liveIndex(expr.getVar1(i), KLO_ERROR_INVALID_VAR);
+    const int col = klo_detail::liveIndex(expr.getVar2(i), KLO_ERROR_INVALID_VAR);
+    const double q = expr.getCoeff(i);
+    check(KLOaddqpterms(lib(model_), 1, &row, &col, &q));
+  }
   const KLOLinExpr linear = expr.getLinExpr();
-  setLinearPart(model_, linear, static_cast<int>(vars_.size()));
+  addLinearPart(linear);
   set(KLO_DoubleAttr_ObjCon, linear.getConstant());
 }
 
@@ -78,7 +62,7 @@ void KLOModel::setObjective(const KLOPsdExpr& expr, int sense) {
   klo_detail::mergePsdTerms(expr, matrices, vars);
   for (std::size_t k = 0; k < vars.size(); ++k) vars[k].set(KLO_MatAttr_PsdObj, matrices[k]);
   const KLOLinExpr linear = expr.getLinExpr();
-  setLinearPart(model_, linear, static_cast<int>(vars_.size()));
+  addLinearPart(linear);
   set(KLO_DoubleAttr_ObjCon, linear.getConstant());
 }
 
