@@ -54,13 +54,18 @@ void setCoeff(ModelData& d, int row, int var, double value) {
   setCoefAt(d.rows[row].lin, var, value);
 }
 
-// Each new term is summed into its place in the sorted objective terms: a
-// call of a few terms costs a search, not a rebuild of all of them (terms
+// Each of a few new terms is summed into its place in the sorted objective
+// terms: such a call costs a search, not a rebuild of all of them (terms
 // added one call at a time, in order, append at the end).  Every sum is
 // checked before anything changes.
 void addObjQuad(ModelData& d, int n, const int* row, const int* col, const double* val) {
-  const QuadTerms add = makeQuad(n, row, col, val, d.numVars());
+  QuadTerms add = makeQuad(n, row, col, val, d.numVars());
   QuadTerms& q = d.qobj;
+  constexpr int kFew = 8;  // beyond that, one merge of both beats insertions
+  if (add.size() > kFew) {
+    q = addQuad(q, add);
+    return;
+  }
   std::vector<size_t> at(add.size());
   for (int k = 0; k < add.size(); ++k) {
     at[k] = quadPosition(q, add.row[k], add.col[k]);
