@@ -12,7 +12,8 @@
 // r0^2 + r1^2 - s^2 <= 0.  Both builds give the same variables and rows in
 // the same order: variables y, d, then s, z, r0, r1 per (i, j, f); rows the
 // assignment row and the three linear rows per f for each (i, j), then the
-// quadratic rows.
+// quadratic rows.  The second argument says whether the quadratic rows are
+// built at all (0: the linear part only).
 //
 //   facility_bench --benchmark_counters_tabular=true
 #include <benchmark/benchmark.h>
@@ -22,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "build_counters.h"
 #include "klo_c.h"
 #include "klo_cpp.h"
 #include "quiet_env.h"
@@ -50,7 +52,7 @@ struct CellVars {
   KLOVar s, z, r0, r1;
 };
 
-void buildWithOperators(KLOModel& model, Size sz) {
+void buildWithOperators(KLOModel& model, Size sz, bool quadratic) {
   const int n = sz.n;
   std::vector<KLOVar> y(static_cast<std::size_t>(2 * n));
   for (int f = 0; f < n; ++f)
@@ -79,6 +81,7 @@ void buildWithOperators(KLOModel& model, Size sz) {
       }
     }
   }
+  if (!quadratic) return;
   for (const CellVars& v : cell) model.addQConstr(v.r0 * v.r0 + v.r1 * v.r1 - v.s * v.s <= 0);
 }
 
@@ -164,7 +167,7 @@ void addQuadraticRows(KLOmodel* model, Size sz) {
       }
 }
 
-KLOmodel* buildInBulk(Size sz) {
+KLOmodel* buildInBulk(Size sz, bool quadratic) {
   KLOmodel* model = nullptr;
   KLOenv* env = nullptr;
   check(KLOemptyenv(&env));
@@ -176,27 +179,19 @@ KLOmodel* buildInBulk(Size sz) {
   check(status);
   addVariables(model, sz);
   addLinearRows(model, sz);
-  addQuadraticRows(model, sz);
+  if (quadratic) addQuadraticRows(model, sz);
   return model;
 }
 
 // --- the benchmarks --------------------------------------------------------
 
-void counters(benchmark::State& state, int vars, int rows, int qrows, int nzs) {
-  state.counters["vars"] = vars;
-  state.counters["rows"] = rows;
-  state.counters["qrows"] = qrows;
-  state.counters["nzs"] = nzs;
-}
-
 void BM_FacilityWithOperators(benchmark::State& state) {
   const Size sz{static_cast<int>(state.range(0))};
   for (auto _ : state) {
     auto model = std::make_unique<KLOModel>(quietEnv());
-    buildWithOperators(*model, sz);
+    buildWithOperators(*model, sz, state.range(1) != 0);
     state.PauseTiming();
-    counters(state, model->get(KLO_IntAttr_NumVars), model->get(KLO_IntAttr_NumConstrs),
-             model->get(KLO_IntAttr_NumQConstrs), model->get(KLO_IntAttr_NumNZs));
+    buildCounters(state, *model);
     model.reset();
     state.ResumeTiming();
   }
@@ -205,14 +200,9 @@ void BM_FacilityWithOperators(benchmark::State& state) {
 void BM_FacilityInBulk(benchmark::State& state) {
   const Size sz{static_cast<int>(state.range(0))};
   for (auto _ : state) {
-    KLOmodel* model = buildInBulk(sz);
+    KLOmodel* model = buildInBulk(sz, state.range(1) != 0);
     state.PauseTiming();
-    int vars = 0, rows = 0, qrows = 0, nzs = 0;
-    KLOgetintattr(model, "NumVars", &vars);
-    KLOgetintattr(model, "NumConstrs", &rows);
-    KLOgetintattr(model, "NumQConstrs", &qrows);
-    KLOgetintattr(model, "NumNZs", &nzs);
-    counters(state, vars, rows, qrows, nzs);
+    buildCounters(state, model);
     KLOfreemodel(model);
     state.ResumeTiming();
   }
@@ -220,7 +210,9 @@ void BM_FacilityInBulk(benchmark::State& state) {
 
 }  // namespace
 
-BENCHMARK(BM_FacilityWithOperators)->Arg(25)->Arg(50)->Arg(75)->Arg(100)->Unit(benchmark::kSecond);
-BENCHMARK(BM_FacilityInBulk)->Arg(25)->Arg(50)->Arg(75)->Arg(100)->Unit(benchmark::kSecond);
+BENCHMARK(BM_FacilityWithOperators)
+    ->ArgsProduct({{25, 50, 75, 100}, {0, 1}})
+    ->Unit(benchmark::kSecond);
+BENCHMARK(BM_FacilityInBulk)->ArgsProduct({{25, 50, 75, 100}, {0, 1}})->Unit(benchmark::kSecond);
 
 BENCHMARK_MAIN();

@@ -731,8 +731,13 @@ class Vec {
   friend class KLOLinExpr;
   friend class KLOQuadExpr;
   friend class KLOPsdExpr;
+  friend struct klo_detail::Access;
   std::int32_t n;
   std::shared_ptr<std::vector<T>> vec;
+
+  /// Size 0 and no buffer, as after clear(): the expressions' own, so that
+  /// one that never gets terms never allocates a buffer.
+  explicit Vec(std::nullptr_t) : n(0) {}
 };
 
 // ===========================================================================
@@ -809,6 +814,7 @@ class KLOLinExpr {
   std::unique_ptr<Vec<double>> coeffs_;
   std::unique_ptr<Vec<KLOVar>> vars_;
 
+  friend struct klo_detail::Access;
   void append(const KLOLinExpr& e, double sign);
   void appendTerm(double coeff, const KLOVar& var);
 };
@@ -941,6 +947,7 @@ class KLOQuadExpr {
   std::unique_ptr<Vec<KLOVar>> vars1_;
   std::unique_ptr<Vec<KLOVar>> vars2_;
 
+  friend struct klo_detail::Access;
   void append(const KLOQuadExpr& q, double sign);
   void appendTerm(double coeff, const KLOVar& var1, const KLOVar& var2);
   void reserve(std::size_t terms);
@@ -1147,6 +1154,20 @@ KLOTempConstr operator<=(const KLOQuadExpr& a, const KLOQuadExpr& b);
 KLOTempConstr operator==(const KLOQuadExpr& a, const KLOQuadExpr& b);
 /// a - b >= 0.
 KLOTempConstr operator>=(const KLOQuadExpr& a, const KLOQuadExpr& b);
+/// The same comparisons for linear sides and for variables: the same
+/// constraint, without making each side a quadratic expression first.
+KLOTempConstr operator<=(const KLOLinExpr& a, const KLOLinExpr& b);
+KLOTempConstr operator==(const KLOLinExpr& a, const KLOLinExpr& b);
+KLOTempConstr operator>=(const KLOLinExpr& a, const KLOLinExpr& b);
+KLOTempConstr operator<=(const KLOLinExpr& a, double b);
+KLOTempConstr operator==(const KLOLinExpr& a, double b);
+KLOTempConstr operator>=(const KLOLinExpr& a, double b);
+KLOTempConstr operator<=(double a, const KLOLinExpr& b);
+KLOTempConstr operator==(double a, const KLOLinExpr& b);
+KLOTempConstr operator>=(double a, const KLOLinExpr& b);
+KLOTempConstr operator<=(KLOVar a, KLOVar b);
+KLOTempConstr operator==(KLOVar a, KLOVar b);
+KLOTempConstr operator>=(KLOVar a, KLOVar b);
 
 // ===========================================================================
 // Expression printing

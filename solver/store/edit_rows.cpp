@@ -54,8 +54,26 @@ void setCoeff(ModelData& d, int row, int var, double value) {
   setCoefAt(d.rows[row].lin, var, value);
 }
 
+// Each of a few new terms is summed into its place in the sorted objective
+// terms: such a call costs a search, not a rebuild of all of them (terms
+// added one call at a time, in order, append at the end).  Every sum is
+// checked before anything changes.
 void addObjQuad(ModelData& d, int n, const int* row, const int* col, const double* val) {
-  d.qobj = addQuad(d.qobj, makeQuad(n, row, col, val, d.numVars()));
+  QuadTerms add = makeQuad(n, row, col, val, d.numVars());
+  QuadTerms& q = d.qobj;
+  constexpr int kFew = 8;  // beyond that, one merge of both beats insertions
+  if (add.size() > kFew) {
+    q = addQuad(q, add);
+    return;
+  }
+  std::vector<size_t> at(add.size());
+  for (int k = 0; k < add.size(); ++k) {
+    at[k] = quadPosition(q, add.row[k], add.col[k]);
+    if (at[k] < q.row.size() && q.row[at[k]] == add.row[k] && q.col[at[k]] == add.col[k])
+      checkCoef(q.val[at[k]] + add.val[k], "The sum of one term's coefficients");
+  }
+  // Backwards, so that an insertion does not move the places still to use.
+  for (int k = add.size(); k-- > 0;) setQuadAt(q, at[k], add.row[k], add.col[k], add.val[k]);
 }
 
 }  // namespace klo

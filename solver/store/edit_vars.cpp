@@ -18,10 +18,13 @@ double clipBound(char type, bool upper, double value) {
 void addVars(ModelData& d, const NewVars& v) {
   const Bulk& c = v.cols;
   c.check("Number of variables");
-  std::vector<SparseVec> cols(c.n);
+  // Columns without entries need no vectors (one variable at a time is the
+  // common call).
+  std::vector<SparseVec> cols(c.nnz > 0 ? c.n : 0);
   for (int k = 0; k < c.n; ++k) {
     int lo = c.first(k);
-    cols[k] = makeSparse(c.end(k) - lo, c.ind + lo, c.val + lo, d.numRows(), Kind::Row);
+    if (c.nnz > 0)
+      cols[k] = makeSparse(c.end(k) - lo, c.ind + lo, c.val + lo, d.numRows(), Kind::Row);
     if (v.obj) checkCoef(v.obj[k], "Objective coefficient");
     if (v.lb) checkBound(v.lb[k], "Lower bound");
     if (v.ub) checkBound(v.ub[k], "Upper bound");
@@ -38,7 +41,7 @@ void addVars(ModelData& d, const NewVars& v) {
     for (Objective& o : d.objectives) o.coef.push_back(0.0);
     d.objectives[0].coef.back() = v.obj ? v.obj[k] : 0.0;
     if (!d.colBasis.empty()) d.colBasis.push_back(KLO_BASIS_LOWER);
-    for (int e = 0; e < cols[k].size(); ++e) {
+    for (int e = 0; c.nnz > 0 && e < cols[k].size(); ++e) {
       SparseVec& row = d.rows[cols[k].ind[e]].lin;
       row.ind.push_back(first + k);  // the highest index so far: rows stay sorted
       row.val.push_back(cols[k].val[e]);

@@ -6,7 +6,16 @@
 
 namespace klo {
 
+const std::string& NameTable::get(int i) const {
+  static const std::string unnamed;
+  return names_.empty() ? unnamed : names_[i];
+}
+
+void NameTable::spell() { names_.resize(static_cast<size_t>(count_)); }
+
 void NameTable::set(int i, std::string name) {
+  if (name.empty() && names_.empty()) return;
+  spell();
   if (!stale_ && !names_[i].empty()) {
     auto it = index_.find(names_[i]);
     // The old name pointed here: a later duplicate may now be the owner.
@@ -20,22 +29,29 @@ void NameTable::set(int i, std::string name) {
 }
 
 void NameTable::append(std::string name) {
+  ++count_;
+  if (name.empty() && names_.empty()) return;
+  names_.resize(static_cast<size_t>(count_ - 1));
   names_.push_back(std::move(name));
   if (!stale_ && !names_.back().empty()) index_.emplace(names_.back(), size() - 1);
 }
 
 void NameTable::assign(std::vector<std::string> names) {
   names_ = std::move(names);
+  count_ = static_cast<int>(names_.size());
   index_.clear();
   stale_ = true;
 }
 
 void NameTable::retain(const std::vector<bool>& keep) {
-  klo::retain(names_, keep);
+  count_ = 0;
+  for (size_t i = 0; i < keep.size(); ++i) count_ += keep[i] ? 1 : 0;
+  if (!names_.empty()) klo::retain(names_, keep);
   stale_ = true;
 }
 
 void NameTable::clear() {
+  count_ = 0;
   names_.clear();
   index_.clear();
   stale_ = false;

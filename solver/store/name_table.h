@@ -2,7 +2,8 @@
 // The hash index is rebuilt lazily after a deletion (which renumbers the
 // later elements) or a rename that hid an entry; other changes keep it up
 // to date.  Empty names are allowed and are never found.  With duplicate
-// names the lowest index wins.
+// names the lowest index wins.  Names are stored only once one is given:
+// a table of empty names is a count.
 #pragma once
 
 #include <string>
@@ -13,8 +14,8 @@ namespace klo {
 
 class NameTable {
  public:
-  int size() const { return static_cast<int>(names_.size()); }
-  const std::string& get(int i) const { return names_[i]; }
+  int size() const { return count_; }
+  const std::string& get(int i) const;
   void set(int i, std::string name);
   void append(std::string name);
   // Replaces every name; the index is built at the first lookup (a file
@@ -31,7 +32,11 @@ class NameTable {
  private:
   void rebuild() const;
 
-  std::vector<std::string> names_;
+  // Fills names_ up to count_ with empty names.
+  void spell();
+
+  int count_ = 0;
+  std::vector<std::string> names_;  // empty or count_ long
   mutable std::unordered_map<std::string, int> index_;
   mutable bool stale_ = false;
 };

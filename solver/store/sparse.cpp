@@ -100,18 +100,21 @@ SymEntries foldToUpper(const SymEntries& full, int dim) {
 SparseVec makeSparse(int n, const int* ind, const double* val, int count, Kind kind) {
   checkCount(n, "Number of entries");
   requireArrays(n, {ind, val});
-  std::vector<std::pair<int, double>> e(n);
+  bool normal = true;  // sorted, unique, no zero: taken as given
   for (int k = 0; k < n; ++k) {
     checkVarIndex(ind[k], count, kind);
     checkCoef(val[k], "Coefficient");
-    e[k] = {ind[k], val[k]};
+    normal = normal && val[k] != 0.0 && (k == 0 || ind[k - 1] < ind[k]);
   }
-  bool sorted = true;
-  for (int k = 1; k < n && sorted; ++k) sorted = ind[k - 1] < ind[k];
-  bool zero = false;
-  for (int k = 0; k < n && !zero; ++k) zero = val[k] == 0.0;
-  if (!sorted || zero) normalise(e);
   SparseVec v;
+  if (normal) {
+    v.ind.assign(ind, ind + n);
+    v.val.assign(val, val + n);
+    return v;
+  }
+  std::vector<std::pair<int, double>> e(n);
+  for (int k = 0; k < n; ++k) e[k] = {ind[k], val[k]};
+  normalise(e);
   v.ind.reserve(e.size());
   v.val.reserve(e.size());
   for (const auto& [j, a] : e) {
@@ -164,6 +167,38 @@ SymMatrix addSym(const SymMatrix& a, const SymMatrix& b) {
   for (const SymMatrix* m : {&a, &b})
     for (int k = 0; k < m->size(); ++k) e.push_back({m->pos[k], m->val[k]});
   return symFrom(std::move(e));
+}
+
+size_t quadPosition(const QuadTerms& q, int i, int j) {
+  size_t lo = 0, hi = q.row.size();
+  // The common case first: a term past the last one.
+  if (hi == 0 || std::make_pair(q.row[hi - 1], q.col[hi - 1]) < std::make_pair(i, j)) return hi;
+  while (lo < hi) {
+    const size_t mid = lo + (hi - lo) / 2;
+    if (std::make_pair(q.row[mid], q.col[mid]) < std::make_pair(i, j)) {
+      lo = mid + 1;
+    } else {
+      hi = mid;
+    }
+  }
+  return lo;
+}
+
+void setQuadAt(QuadTerms& q, size_t at, int i, int j, double value) {
+  if (at < q.row.size() && q.row[at] == i && q.col[at] == j) {
+    const double sum = 0.0 + q.val[at] + value;
+    if (sum != 0.0) {
+      q.val[at] = sum;
+      return;
+    }
+    q.row.erase(q.row.begin() + at);
+    q.col.erase(q.col.begin() + at);
+    q.val.erase(q.val.begin() + at);
+    return;
+  }
+  q.row.insert(q.row.begin() + at, i);
+  q.col.insert(q.col.begin() + at, j);
+  q.val.insert(q.val.begin() + at, value);
 }
 
 double coefAt(const SparseVec& v, int j) {

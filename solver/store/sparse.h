@@ -22,6 +22,11 @@ SymMatrix makeSym(int n, const int* pos, const double* val, int dim);
 QuadTerms addQuad(const QuadTerms& a, const QuadTerms& b);
 SymMatrix addSym(const SymMatrix& a, const SymMatrix& b);
 
+// Where term (i, j) is or would go in sorted terms q, and adding value
+// there (a sum of 0 removes the term).
+size_t quadPosition(const QuadTerms& q, int i, int j);
+void setQuadAt(QuadTerms& q, size_t at, int i, int j, double value);
+
 // Coefficient of index j in v (0 when absent), and setting it (0 removes).
 double coefAt(const SparseVec& v, int j);
 void setCoefAt(SparseVec& v, int j, double value);

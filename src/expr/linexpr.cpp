@@ -3,10 +3,9 @@
 #include "expr/compact.h"
 #include "klo_cpp.h"
 
+// The buffers come with the first term (Vec(nullptr)).
 KLOLinExpr::KLOLinExpr(double constant)
-    : constant_(constant),
-      coeffs_(std::make_unique<Vec<double>>()),
-      vars_(std::make_unique<Vec<KLOVar>>()) {}
+    : constant_(constant), coeffs_(new Vec<double>(nullptr)), vars_(new Vec<KLOVar>(nullptr)) {}
 
 KLOLinExpr::KLOLinExpr(KLOVar var, double coeff) : KLOLinExpr(0.0) {
   coeffs_->push_back(coeff);
@@ -57,6 +56,7 @@ void KLOLinExpr::append(const KLOLinExpr& e, double sign) {
     return;
   }
   constant_ += sign * e.constant_;
+  if (e.size() == 0) return;
   // Element access would privatise e's buffers on the first read and read
   // them directly after that: do it once and walk them.
   e.coeffs_->copyOnWrite();

@@ -2,6 +2,7 @@
 // the comparisons that make temporary constraints.
 #include "expr/arith.h"
 #include "klo_cpp.h"
+#include "model/access.h"
 
 using klo_detail::divided;
 using klo_detail::minus;
@@ -138,3 +139,35 @@ KLOTempConstr operator>=(const KLOQuadExpr& a, const KLOQuadExpr& b) {
   tc.expr += -b;
   return tc;
 }
+
+namespace {
+
+void subtract(KLOLinExpr& e, double c) { e.addConstant(-c); }
+
+template <class R>
+void subtract(KLOLinExpr& e, const R& r) {
+  e -= r;
+}
+
+// a - b as the comparisons of quadratic sides make it (a's terms, then b's
+// negated), with no quadratic side built for either.
+template <class L, class R>
+KLOTempConstr compared(char sense, const L& a, const R& b) {
+  KLOTempConstr tc{sense, KLOQuadExpr(a)};
+  subtract(klo_detail::Access::linear(tc.expr), b);
+  return tc;
+}
+
+}  // namespace
+
+#define KLO_LINEAR_COMPARISONS(L, R)                                 \
+  KLOTempConstr operator<=(L a, R b) { return compared('<', a, b); } \
+  KLOTempConstr operator==(L a, R b) { return compared('=', a, b); } \
+  KLOTempConstr operator>=(L a, R b) { return compared('>', a, b); }
+
+KLO_LINEAR_COMPARISONS(const KLOLinExpr&, const KLOLinExpr&)
+KLO_LINEAR_COMPARISONS(const KLOLinExpr&, double)
+KLO_LINEAR_COMPARISONS(double, const KLOLinExpr&)
+KLO_LINEAR_COMPARISONS(KLOVar, KLOVar)
+
+#undef KLO_LINEAR_COMPARISONS

@@ -3,17 +3,18 @@
 #include "expr/compact.h"
 #include "klo_cpp.h"
 
-KLOQuadExpr::KLOQuadExpr(double constant)
-    : linear_(constant),
-      coeffs_(std::make_unique<Vec<double>>()),
-      vars1_(std::make_unique<Vec<KLOVar>>()),
-      vars2_(std::make_unique<Vec<KLOVar>>()) {}
+// The buffers of the quadratic terms come with the first term (Vec(nullptr)).
+#define KLO_NO_QUADRATIC_TERMS                                         \
+  coeffs_(new Vec<double>(nullptr)), vars1_(new Vec<KLOVar>(nullptr)), \
+      vars2_(new Vec<KLOVar>(nullptr))
 
-KLOQuadExpr::KLOQuadExpr(KLOVar var, double coeff) : KLOQuadExpr(0.0) {
-  linear_ = KLOLinExpr(var, coeff);
-}
+KLOQuadExpr::KLOQuadExpr(double constant) : linear_(constant), KLO_NO_QUADRATIC_TERMS {}
 
-KLOQuadExpr::KLOQuadExpr(const KLOLinExpr& e) : KLOQuadExpr(0.0) { linear_ = e; }
+KLOQuadExpr::KLOQuadExpr(KLOVar var, double coeff) : linear_(var, coeff), KLO_NO_QUADRATIC_TERMS {}
+
+KLOQuadExpr::KLOQuadExpr(const KLOLinExpr& e) : linear_(e), KLO_NO_QUADRATIC_TERMS {}
+
+#undef KLO_NO_QUADRATIC_TERMS
 
 KLOQuadExpr::KLOQuadExpr(const KLOQuadExpr& q)
     : linear_(q.linear_),
@@ -99,6 +100,7 @@ void KLOQuadExpr::append(const KLOQuadExpr& q, double sign) {
   } else {
     linear_ -= q.linear_;
   }
+  if (q.size() == 0) return;
   q.coeffs_->copyOnWrite();
   q.vars1_->copyOnWrite();
   q.vars2_->copyOnWrite();

@@ -19,12 +19,19 @@ Vec<T>& Vec<T>::operator=(const Vec& other) {
   return *this;
 }
 
+// A buffer made for a Vec that had none has room for a few elements: most
+// expressions are short, and the first appends then allocate once.
+constexpr std::size_t kFirstRoom = 4;
+
 template <class T>
 void Vec<T>::copyOnWrite() {
-  if (!vec || vec.use_count() > 1) {
-    auto mine = vec ? std::make_shared<std::vector<T>>(vec->begin(), vec->begin() + n)
-                    : std::make_shared<std::vector<T>>();
-    vec = std::move(mine);
+  if (!vec) {
+    vec = std::make_shared<std::vector<T>>();
+    vec->reserve(kFirstRoom);
+    return;
+  }
+  if (vec.use_count() > 1) {
+    vec = std::make_shared<std::vector<T>>(vec->begin(), vec->begin() + n);
     return;
   }
   vec->resize(static_cast<std::size_t>(n));

@@ -25,6 +25,20 @@ struct Access {
     return h;
   }
 
+  // An expression's terms read in place: element access would make a
+  // shared buffer private, which a read that keeps nothing does not need.
+  template <class T>
+  static const T* data(const Vec<T>& v) {
+    return v.vec ? v.vec->data() : nullptr;
+  }
+  static const Vec<double>& coeffs(const KLOLinExpr& e) { return *e.coeffs_; }
+  static const Vec<KLOVar>& vars(const KLOLinExpr& e) { return *e.vars_; }
+  static const Vec<double>& coeffs(const KLOQuadExpr& q) { return *q.coeffs_; }
+  static const Vec<KLOVar>& vars1(const KLOQuadExpr& q) { return *q.vars1_; }
+  static const Vec<KLOVar>& vars2(const KLOQuadExpr& q) { return *q.vars2_; }
+  static const KLOLinExpr& linear(const KLOQuadExpr& q) { return q.linear_; }
+  static KLOLinExpr& linear(KLOQuadExpr& q) { return q.linear_; }
+
   static void* model(const KLOModel& m) { return m.model_; }
   static const std::vector<KLOVar>& vars(const KLOModel& m) { return m.vars_; }
   static const std::vector<KLOConstr>& constrs(const KLOModel& m) { return m.constrs_; }

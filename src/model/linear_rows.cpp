@@ -6,6 +6,7 @@
 #include "env/check.h"
 #include "klo_c.h"
 #include "klo_cpp.h"
+#include "model/access.h"
 #include "model/terms.h"
 
 using klo_detail::check;
@@ -85,7 +86,7 @@ KLOConstr KLOModel::addConstr(const KLOTempConstr& tc, const std::string& name) 
   if (tc.expr.size() > 0)
     throw KLOException("For quadratic constraint using KLOModel::addQConstr.",
                        KLO_ERROR_INVALID_ARGUMENT);
-  return addConstr(tc.expr.getLinExpr(), tc.sense, 0.0, name);
+  return addConstr(klo_detail::Access::linear(tc.expr), tc.sense, 0.0, name);
 }
 
 KLOConstr KLOModel::addRange(const KLOLinExpr& expr, double lower, double upper,

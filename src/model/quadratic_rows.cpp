@@ -5,6 +5,7 @@
 #include "env/check.h"
 #include "klo_c.h"
 #include "klo_cpp.h"
+#include "model/access.h"
 #include "model/terms.h"
 
 using klo_detail::check;
@@ -26,7 +27,7 @@ KLOQConstr KLOModel::addQConstr(const KLOTempConstr& tc, const std::string& name
 
 KLOQConstr KLOModel::addQConstr(const KLOQuadExpr& expr, char sense, double rhs,
                                 const std::string& name) {
-  const KLOLinExpr linear = expr.getLinExpr();
+  const KLOLinExpr& linear = klo_detail::Access::linear(expr);
   const klo_detail::LinearTerms lin(linear);
   const klo_detail::QuadTerms quad(expr);
   check(KLOaddqconstr(lib(model_), lin.size(), lin.indices(), lin.values(), quad.size(),
