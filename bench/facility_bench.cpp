@@ -87,10 +87,6 @@ void buildWithOperators(KLOModel& model, Size sz, bool quadratic) {
 
 // --- the C interface -------------------------------------------------------
 
-void check(int status) {
-  if (status != 0) throw KLOException(KLOexplainerror(status), status);
-}
-
 void addVariables(KLOmodel* model, Size sz) {
   const std::size_t total = static_cast<std::size_t>(2 * sz.n + 1 + sz.cells() * kPerCell);
   std::vector<double> obj(total, 0.0), lb(total, 0.0), ub(total, 1.0);
@@ -168,15 +164,7 @@ void addQuadraticRows(KLOmodel* model, Size sz) {
 }
 
 KLOmodel* buildInBulk(Size sz, bool quadratic) {
-  KLOmodel* model = nullptr;
-  KLOenv* env = nullptr;
-  check(KLOemptyenv(&env));
-  check(KLOsetintparam(env, "OutputFlag", 0));
-  check(KLOstartenv(env));
-  const int status =
-      KLOnewmodel(env, &model, "facility", 0, nullptr, nullptr, nullptr, nullptr, nullptr);
-  KLOfreeenv(env);  // the model keeps its own copy
-  check(status);
+  KLOmodel* model = quietModel("facility");
   addVariables(model, sz);
   addLinearRows(model, sz);
   if (quadratic) addQuadraticRows(model, sz);

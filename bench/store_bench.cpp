@@ -9,6 +9,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "quiet_env.h"
+
 namespace {
 
 constexpr int kVars = 1000000;
@@ -41,20 +43,6 @@ RowArrays makeRows(int vars, int rows) {
   return a;
 }
 
-void check(int status) {
-  if (status != 0) throw std::runtime_error(KLOexplainerror(status));
-}
-
-struct Env {
-  KLOenv* env = nullptr;
-  Env() {
-    check(KLOemptyenv(&env));
-    check(KLOsetintparam(env, "OutputFlag", 0));
-    check(KLOstartenv(env));
-  }
-  ~Env() { KLOfreeenv(env); }
-};
-
 KLOmodel* buildModel(KLOenv* env, int vars, const RowArrays& a) {
   KLOmodel* model = nullptr;
   check(KLOnewmodel(env, &model, "bench", 0, nullptr, nullptr, nullptr, nullptr, nullptr));
@@ -77,7 +65,7 @@ void BM_ArraysOnly(benchmark::State& state) {
 BENCHMARK(BM_ArraysOnly)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 void BM_ArraysAndBulkStore(benchmark::State& state) {
-  Env e;
+  QuietCEnv e;
   for (auto _ : state) {
     RowArrays a = makeRows(kVars, kRows);
     KLOmodel* model = buildModel(e.env, kVars, a);
@@ -91,7 +79,7 @@ BENCHMARK(BM_ArraysAndBulkStore)->Unit(benchmark::kMillisecond)->Iterations(3);
 // One "UB" read per iteration, on models of growing size: O(1) shows as a
 // flat time per read.
 void BM_ElementAttribute(benchmark::State& state) {
-  Env e;
+  QuietCEnv e;
   const int vars = int(state.range(0));
   RowArrays a = makeRows(vars, vars);
   KLOmodel* model = buildModel(e.env, vars, a);
@@ -107,7 +95,7 @@ void BM_ElementAttribute(benchmark::State& state) {
 BENCHMARK(BM_ElementAttribute)->Arg(1000)->Arg(100000)->Arg(kVars);
 
 void BM_DeleteScatteredVariables(benchmark::State& state) {
-  Env e;
+  QuietCEnv e;
   RowArrays a = makeRows(kVars, kRows);
   std::vector<int> doomed;
   for (int k = 0; k < 1000; ++k) doomed.push_back(int((std::int64_t(k) * 999983) % kVars));
