@@ -36,6 +36,9 @@ class SolveWarm : public ModelTest {
       const int var = 0;
       const double one = 1;
       EXPECT_EQ(KLOaddrangeconstr(copy, 1, &var, &one, -KLO_INFINITY, 1e9, "far"), KLO_OK);
+      int status = -1;
+      EXPECT_EQ(KLOgetintattrelement(copy, "RowBasis", m, &status), KLO_OK);
+      EXPECT_EQ(status, KLO_BASIS_BASIC);
     }
     EXPECT_EQ(KLOoptimize(copy), KLO_OK);
     int status = 0, iters = -1;
