@@ -15,6 +15,7 @@
 #include "instance_index.h"
 #include "klo_c.h"
 #include "klo_cpp.h"
+#include "quiet_env.h"
 
 namespace {
 
@@ -50,14 +51,11 @@ double innerProduct(const KLOMatrix& c, const KLOMatrix& x) {
   return sum;
 }
 
-class E2eInstances : public testing::TestWithParam<Instance> {
+class E2eInstances : public testing::TestWithParam<Instance>, protected QuietEnv {
  protected:
-  KLOEnv env{true};
   std::unique_ptr<KLOModel> model;
 
   void SetUp() override {
-    env.set(KLO_IntParam_OutputFlag, 0);
-    env.start();
     model = std::make_unique<KLOModel>(env, klotest::instancePath(GetParam()));
     model->optimize();
   }

@@ -14,6 +14,7 @@
 
 #include "klo_c.h"
 #include "klo_cpp.h"
+#include "quiet_env.h"
 
 namespace {
 
@@ -30,15 +31,12 @@ int errorCode(Call call) {
   return 0;
 }
 
-class Modelling : public ::testing::Test {
+class Modelling : public ::testing::Test, protected QuietEnv {
  protected:
-  KLOEnv env{true};
   std::unique_ptr<KLOModel> model;
   KLOVar x, y, z;
 
   void SetUp() override {
-    env.set(KLO_IntParam_OutputFlag, 0);
-    env.start();
     model = std::make_unique<KLOModel>(env);
     x = model->addVar(0, kInfinity, 0, 'C', "x");
     y = model->addVar(0, kInfinity, 0, 'C', "y");

@@ -12,21 +12,17 @@
 
 #include "klo_c.h"
 #include "klo_cpp.h"
+#include "quiet_env.h"
 
 namespace {
 
 const double kTol = 1e-6;
 
-class PsdModelling : public ::testing::Test {
+class PsdModelling : public ::testing::Test, protected QuietEnv {
  protected:
-  KLOEnv env{true};
   std::unique_ptr<KLOModel> model;
 
-  void SetUp() override {
-    env.set(KLO_IntParam_OutputFlag, 0);
-    env.start();
-    model = std::make_unique<KLOModel>(env);
-  }
+  void SetUp() override { model = std::make_unique<KLOModel>(env); }
 
   void solveToOptimality() {
     try {
